@@ -1,0 +1,262 @@
+#include "conexion.h"
+
+#include "udl.h"
+
+#include <QAtomicInt>
+#include <QSet>
+#include <QSqlError>
+#include <QSqlQuery>
+
+namespace {
+
+QString nombreNuevo() {
+    static QAtomicInt contador;
+    return QStringLiteral("saldeva-%1").arg(contador.fetchAndAddRelaxed(1));
+}
+
+QString aTexto(std::string_view s) { return QString::fromUtf8(s.data(), qsizetype(s.size())); }
+
+// A NUL character would end the statement's text early inside the drivers; such a value is
+// refused rather than cut.
+bool tieneNul(const QString& texto) { return texto.contains(QChar(u'\0')); }
+
+const QString kNul = QStringLiteral("El texto contiene un carácter nulo (NUL), que no se puede guardar.");
+
+// The store's text, preceded by what it means for a bookkeeper where that is clear.
+QString explicar(const QSqlError& error, Proveedor proveedor) {
+    const QString original = error.databaseText().isEmpty() ? error.text() : error.databaseText();
+    const QString codigo = error.nativeErrorCode();
+    QString sentido;
+    if (original.contains(QStringLiteral("UNIQUE constraint failed")) || codigo == u"23505")
+        sentido = QStringLiteral("Ya existe un registro con la misma clave.");
+    else if (original.contains(QStringLiteral("file is not a database")))
+        sentido = QStringLiteral("El archivo no es un almacén de datos válido.");
+    else if (original.contains(QStringLiteral("database is locked")) || codigo == u"55P03")
+        sentido = QStringLiteral("El almacén está ocupado por otro puesto; inténtelo de nuevo.");
+    else if (proveedor == Proveedor::PostgreSQL && error.type() == QSqlError::ConnectionError)
+        sentido = QStringLiteral("No se puede conectar con el servidor de datos.");
+    return sentido.isEmpty() ? original : sentido + QStringLiteral(" [") + original + u']';
+}
+
+}  // namespace
+
+Conexion::Conexion(const QString& textoConexion) : texto_(textoConexion), nombre_(nombreNuevo()) {
+    const DescripcionAlmacen d = leerDescripcion(textoConexion);
+    dialecto_ = Dialecto(d.proveedor);
+    try {
+        if (d.proveedor == Proveedor::SQLite)
+            abrirSqlite(d);
+        else
+            abrirPostgres(d);
+    } catch (const Error&) {
+        db_.close();
+        db_ = QSqlDatabase();
+        QSqlDatabase::removeDatabase(nombre_);
+        throw;
+    }
+}
+
+Conexion::~Conexion() {
+    preparadas_.clear();
+    if (db_.isOpen() && nivel_ > 0) QSqlQuery(db_).exec(QStringLiteral("ROLLBACK"));
+    db_.close();
+    db_ = QSqlDatabase();
+    QSqlDatabase::removeDatabase(nombre_);
+}
+
+void Conexion::abrirSqlite(const DescripcionAlmacen& d) {
+    db_ = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nombre_);
+    db_.setDatabaseName(d.fuente);
+    // Other workstations' processes and our own lookup connection share the file: wait for
+    // a lock rather than fail at once.
+    QString opciones = QStringLiteral("QSQLITE_BUSY_TIMEOUT=30000");
+    if (d.soloLectura) opciones += QStringLiteral(";QSQLITE_OPEN_READONLY");
+    db_.setConnectOptions(opciones);
+    if (!db_.open()) fallar(db_.lastError(), d.fuente);
+    // The first read tells a file that is not a store at all.
+    ejecutarDirecto(QStringLiteral("SELECT COUNT(*) FROM sqlite_master"));
+    ejecutarDirecto(QStringLiteral("PRAGMA case_sensitive_like = ON"));
+    if (d.soloLectura) return;
+    ejecutarDirecto(QStringLiteral("PRAGMA journal_mode = WAL"));
+    ejecutarDirecto(d.sincronoDesactivado ? QStringLiteral("PRAGMA synchronous = OFF")
+                                          : QStringLiteral("PRAGMA synchronous = FULL"));
+}
+
+void Conexion::abrirPostgres(const DescripcionAlmacen& d) {
+    db_ = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), nombre_);
+    db_.setHostName(d.servidor);
+    db_.setPort(d.puerto);
+    db_.setDatabaseName(d.fuente);
+    db_.setUserName(d.usuario);
+    db_.setPassword(d.contrasena);
+    db_.setConnectOptions(QStringLiteral("connect_timeout=10"));
+    if (!db_.open()) fallar(db_.lastError(), d.servidor);
+    ejecutarDirecto(QStringLiteral("SET client_min_messages TO warning"));
+    if (d.soloLectura) ejecutarDirecto(QStringLiteral("SET default_transaction_read_only TO on"));
+}
+
+void Conexion::ejecutarDirecto(const QString& sql) {
+    QSqlQuery q(db_);
+    if (!q.exec(sql)) fallar(q.lastError(), sql);
+}
+
+int Conexion::execute(const QString& sql) {
+    const QString traducido = dialecto_.traducir(sql);
+    if (tieneNul(traducido)) fallarTexto(kNul);
+    QSqlQuery q(db_);
+    q.setForwardOnly(true);
+    if (!q.exec(traducido)) fallar(q.lastError(), traducido);
+    return q.numRowsAffected();
+}
+
+Recordset Conexion::open(const QString& sql, Cursor cursor) {
+    const QString traducido = dialecto_.traducir(sql);
+    if (tieneNul(traducido)) fallarTexto(kNul);
+    QSqlQuery q(db_);
+    q.setForwardOnly(true);
+    if (!q.exec(traducido)) fallar(q.lastError(), traducido);
+    return Recordset(this, traducido, std::move(q), cursor);
+}
+
+QSqlQuery& Conexion::preparada(const QString& sql) {
+    auto it = preparadas_.find(sql);
+    if (it != preparadas_.end()) return *it->second;
+    auto q = std::make_unique<QSqlQuery>(db_);
+    q->setForwardOnly(true);
+    if (!q->prepare(sql)) fallar(q->lastError(), sql);
+    return *preparadas_.emplace(sql, std::move(q)).first->second;
+}
+
+void Conexion::insertar(const QString& tabla, const QStringList& columnas,
+                        const QVariantList& valores) {
+    QStringList marcas;
+    marcas.fill(QStringLiteral("?"), columnas.size());
+    QSqlQuery& q = preparada(QStringLiteral("INSERT INTO ") + tabla + QStringLiteral(" (") +
+                            columnas.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") +
+                            marcas.join(QStringLiteral(", ")) + u')');
+    for (qsizetype i = 0; i < valores.size(); ++i) {
+        if (valores[i].typeId() == QMetaType::QString && tieneNul(valores[i].toString()))
+            fallarTexto(kNul);
+        q.bindValue(int(i), valores[i]);
+    }
+    if (!q.exec()) fallar(q.lastError(), q.lastQuery());
+    q.finish();
+}
+
+int Conexion::actualizar(const QString& tabla, const QStringList& columnas,
+                         const QVariantList& valores, const QString& condicion) {
+    QStringList asignaciones;
+    for (const QString& c : columnas) asignaciones.append(c + QStringLiteral(" = ?"));
+    const QString where = dialecto_.traducir(condicion);
+    if (tieneNul(where)) fallarTexto(kNul);
+    // The condition carries the key's values, so the statement is prepared for this one use.
+    QSqlQuery q(db_);
+    if (!q.prepare(QStringLiteral("UPDATE ") + tabla + QStringLiteral(" SET ") +
+                   asignaciones.join(QStringLiteral(", ")) + QStringLiteral(" WHERE ") + where))
+        fallar(q.lastError(), q.lastQuery());
+    for (qsizetype i = 0; i < valores.size(); ++i) {
+        if (valores[i].typeId() == QMetaType::QString && tieneNul(valores[i].toString()))
+            fallarTexto(kNul);
+        q.bindValue(int(i), valores[i]);
+    }
+    if (!q.exec()) fallar(q.lastError(), q.lastQuery());
+    return q.numRowsAffected();
+}
+
+void Conexion::beginTrans() {
+    if (nivel_ == 0) {
+        // SQLite: take the write lock now, so that a transaction never fails half-way
+        // because another process wrote since it began to read.
+        ejecutarDirecto(dialecto_.proveedor() == Proveedor::SQLite ? QStringLiteral("BEGIN IMMEDIATE")
+                                                                  : QStringLiteral("BEGIN"));
+    } else {
+        ejecutarDirecto(QStringLiteral("SAVEPOINT nivel%1").arg(nivel_));
+    }
+    ++nivel_;
+}
+
+void Conexion::commitTrans() {
+    if (nivel_ == 0) fallarTexto(QStringLiteral("No hay ninguna transacción abierta."));
+    if (nivel_ == 1)
+        ejecutarDirecto(QStringLiteral("COMMIT"));
+    else
+        ejecutarDirecto(QStringLiteral("RELEASE SAVEPOINT nivel%1").arg(nivel_ - 1));
+    --nivel_;
+}
+
+void Conexion::rollbackTrans() {
+    if (nivel_ == 0) fallarTexto(QStringLiteral("No hay ninguna transacción abierta."));
+    --nivel_;
+    if (nivel_ == 0) {
+        ejecutarDirecto(QStringLiteral("ROLLBACK"));
+    } else {
+        ejecutarDirecto(QStringLiteral("ROLLBACK TO SAVEPOINT nivel%1").arg(nivel_));
+        ejecutarDirecto(QStringLiteral("RELEASE SAVEPOINT nivel%1").arg(nivel_));
+    }
+}
+
+void Conexion::anotarError(const QString& numero, const QString& descripcion) {
+    errores_.append({QStringLiteral("Saldeva"), numero, descripcion});
+}
+
+void Conexion::asegurarEsquema(esquema::Almacen almacen) {
+    // What the store already holds, by lower-case name: tables and indexes.
+    QSqlQuery q(db_);
+    const QString existentes =
+        dialecto_.proveedor() == Proveedor::SQLite
+            ? QStringLiteral("SELECT lower(name) FROM sqlite_master WHERE type IN ('table', 'index')")
+            : QStringLiteral("SELECT lower(tablename) FROM pg_tables WHERE schemaname = current_schema() "
+                             "UNION SELECT lower(indexname) FROM pg_indexes WHERE schemaname = current_schema()");
+    if (!q.exec(existentes)) fallar(q.lastError(), existentes);
+    QSet<QString> nombres;
+    while (q.next()) nombres.insert(q.value(0).toString());
+    q.finish();
+
+    QStringList sentencias;
+    for (const esquema::Tabla* tabla : esquema::tablas(almacen))
+        if (!nombres.contains(aTexto(tabla->nombre).toLower())) sentencias << dialecto_.crearTabla(*tabla);
+    if (almacen == esquema::Almacen::Principal)
+        for (const esquema::Indice& indice : esquema::indices())
+            if (!nombres.contains(aTexto(indice.nombre).toLower()))
+                sentencias << dialecto_.crearIndice(indice);
+    if (sentencias.isEmpty()) return;
+    Transaccion t(*this);
+    for (const QString& sentencia : sentencias) ejecutarDirecto(sentencia);
+    t.commit();
+}
+
+void Conexion::fallar(const QSqlError& error, const QString& sql) {
+    const Proveedor p = dialecto_.proveedor();
+    errores_ = {{p == Proveedor::SQLite ? QStringLiteral("SQLite") : QStringLiteral("PostgreSQL"),
+                 error.nativeErrorCode().isEmpty() ? QStringLiteral("0") : error.nativeErrorCode(),
+                 explicar(error, p)}};
+    Q_UNUSED(sql);
+    bool numerico = false;
+    const int numero = error.nativeErrorCode().toInt(&numerico);
+    throw Error(numerico ? numero : errores::kAlmacen, errores_.first().descripcion);
+}
+
+void Conexion::fallarTexto(const QString& descripcion) {
+    errores_ = {{QStringLiteral("Saldeva"), QStringLiteral("0"), descripcion}};
+    throw Error(errores::kAlmacen, descripcion);
+}
+
+Transaccion::Transaccion(Conexion& conexion, bool enTransaccion)
+    : conexion_(conexion), propia_(!enTransaccion) {
+    if (propia_) conexion_.beginTrans();
+}
+
+Transaccion::~Transaccion() {
+    if (!propia_) return;
+    try {
+        conexion_.rollbackTrans();
+    } catch (const Error&) {
+        // The store dropped the transaction itself (a lost connection): nothing is left to undo.
+    }
+}
+
+void Transaccion::commit() {
+    if (!propia_) return;
+    conexion_.commitTrans();
+    propia_ = false;
+}

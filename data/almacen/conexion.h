@@ -1,0 +1,91 @@
+#pragma once
+
+#include "dialecto.h"
+#include "error.h"
+#include "recordset.h"
+
+#include <QHash>
+#include <memory>
+#include <unordered_map>
+#include <QSqlDatabase>
+#include <QString>
+#include <QStringList>
+#include <QVariantList>
+
+struct DescripcionAlmacen;
+class QSqlError;
+
+// An open store. Every entity class receives one as its first argument; the session holds
+// two (main and temporary), and lookups open their own. The SQL it is given is the system's
+// (Jet dialect) and is translated here; failures are thrown as Error and kept, as error
+// objects, until the next failure.
+class Conexion {
+public:
+    // Opens the store a connection text names: "File name=Saldeva.udl" or a description.
+    explicit Conexion(const QString& textoConexion);
+    ~Conexion();
+    Conexion(const Conexion&) = delete;
+    Conexion& operator=(const Conexion&) = delete;
+
+    // The text it was opened with; another connection to the same store opens from it.
+    const QString& textoConexion() const { return texto_; }
+
+    // Runs one statement; gives the number of rows it changed.
+    int execute(const QString& sql);
+    Recordset open(const QString& sql, Cursor cursor = Cursor::Estatico);
+
+    // The writes of the entity classes and of the reports' temporary tables: one row with
+    // bound values, so that no value can change the statement.
+    void insertar(const QString& tabla, const QStringList& columnas, const QVariantList& valores);
+    // Gives the number of rows changed; the caller decides whether none is a failure.
+    int actualizar(const QString& tabla, const QStringList& columnas, const QVariantList& valores,
+                   const QString& condicion);
+
+    // Transactions nest: the outermost is the store's, inner ones are savepoints, so that
+    // rolling back an inner one undoes only its own work.
+    void beginTrans();
+    void commitTrans();
+    void rollbackTrans();
+    bool enTransaccion() const { return nivel_ > 0; }
+
+    const QList<ErrorAlmacen>& errores() const { return errores_; }
+    // An operation that reports its own failures starts with an empty list.
+    void limpiarErrores() { errores_.clear(); }
+    // Adds an error object of this layer's own (a row that was not found) to the list.
+    void anotarError(const QString& numero, const QString& descripcion);
+    void anotarError(const ErrorAlmacen& error) { errores_.append(error); }
+
+    // Creates what is missing of the schema of a store kind; existing tables stay.
+    void asegurarEsquema(esquema::Almacen almacen);
+
+private:
+    void abrirSqlite(const DescripcionAlmacen& d);
+    void abrirPostgres(const DescripcionAlmacen& d);
+    QSqlQuery& preparada(const QString& sql);
+    void ejecutarDirecto(const QString& sql);
+    [[noreturn]] void fallar(const QSqlError& error, const QString& sql);
+    [[noreturn]] void fallarTexto(const QString& descripcion);
+
+    QString texto_;
+    QString nombre_;
+    QSqlDatabase db_;
+    Dialecto dialecto_{Proveedor::SQLite};
+    std::unordered_map<QString, std::unique_ptr<QSqlQuery>> preparadas_;
+    QList<ErrorAlmacen> errores_;
+    int nivel_ = 0;
+};
+
+// One user action, one transaction: begun unless the caller already holds one (enTransaccion),
+// committed by commit(), rolled back when it leaves scope uncommitted.
+class Transaccion {
+public:
+    Transaccion(Conexion& conexion, bool enTransaccion = false);
+    ~Transaccion();
+    Transaccion(const Transaccion&) = delete;
+    Transaccion& operator=(const Transaccion&) = delete;
+    void commit();
+
+private:
+    Conexion& conexion_;
+    bool propia_;
+};

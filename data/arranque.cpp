@@ -1,0 +1,35 @@
+#include "arranque.h"
+
+#include "auxiliar.h"
+#include "entidades/entidad.h"
+#include "global.h"
+
+void abrirAlmacenes() {
+    sesion_conexion = std::make_unique<Conexion>(QStringLiteral("File name=Saldeva.udl"));
+    sesion_conexion->asegurarEsquema(esquema::Almacen::Principal);
+    sesion_temporal = std::make_unique<Conexion>(QStringLiteral("File name=Temporal.udl"));
+    sesion_temporal->asegurarEsquema(esquema::Almacen::Temporal);
+}
+
+void SincronizarMenus() {
+    Conexion& principal = *sesion_conexion;
+    {
+        Recordset cuenta = principal.open(QStringLiteral("SELECT COUNT(*) FROM Menus"));
+        if (cuenta.value(0).toInt() != 0) return;
+    }
+    Conexion plantilla(QStringLiteral("File name=Sistema.udl"));
+    Recordset origen = plantilla.open(QStringLiteral("SELECT * FROM sysMenus ORDER BY item_menu"));
+    // Row by row, each committing by itself; every item starts visible to ordinary users.
+    for (; !origen.eof(); origen.moveNext())
+        entidad::insertar(principal, esquema::Menus,
+                          {origen[QStringLiteral("item_menu")], origen[QStringLiteral("item_padre")],
+                           origen[QStringLiteral("descripcion")], origen[QStringLiteral("formulario")],
+                           origen[QStringLiteral("administrador")], 1},
+                          {});
+}
+
+void cerrarAlmacenes() {
+    Auxiliar::cerrarConexiones();
+    sesion_temporal.reset();
+    sesion_conexion.reset();
+}

@@ -1,0 +1,132 @@
+#include "formato.h"
+
+#include <QRegularExpression>
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace formato {
+namespace {
+
+int decimalesDe(const QString& patron) {
+    const qsizetype punto = patron.indexOf(u'.');
+    return punto < 0 ? 0 : int(patron.size() - punto - 1);
+}
+
+// Adds one unit in the last place of a non-negative decimal text such as "12.34".
+std::string sumarUnidad(std::string texto) {
+    for (qsizetype i = qsizetype(texto.size()) - 1; i >= 0; --i) {
+        char& c = texto[size_t(i)];
+        if (c == '.') continue;
+        if (c != '9') {
+            ++c;
+            return texto;
+        }
+        c = '0';
+    }
+    return "1" + texto;
+}
+
+}  // namespace
+
+QString Format(double valor, const QString& patron) {
+    const int decimales = std::min(decimalesDe(patron), 15);
+    if (!std::isfinite(valor)) return QString::number(valor);
+    const double magnitud = std::fabs(valor);
+    char buffer[512];
+    std::snprintf(buffer, sizeof buffer, "%.*f", decimales, magnitud);
+    std::string texto = buffer;
+    // printf rounds the exact binary value correctly, and exact halves to even. An exact half
+    // at this many decimals is a multiple of 2^-(decimales+1); its expansion then has
+    // decimales+1 digits and ends in 5: such values are rounded away from zero instead.
+    const double escalado = std::ldexp(magnitud, decimales + 1);
+    if (escalado == std::floor(escalado) && escalado < 9.0e15) {
+        std::snprintf(buffer, sizeof buffer, "%.*f", decimales + 1, magnitud);
+        std::string largo = buffer;
+        if (largo.back() == '5') {
+            largo.pop_back();
+            if (!largo.empty() && largo.back() == '.') largo.pop_back();
+            texto = sumarUnidad(largo);
+        }
+    }
+    const bool cero = texto.find_first_not_of("0.") == std::string::npos;
+    QString resultado = QString::fromLatin1(texto.c_str());
+    resultado.replace(u'.', u',');
+    return (valor < 0 && !cero) ? u'-' + resultado : resultado;
+}
+
+QString textoDouble(double valor) {
+    if (valor == 0) return QStringLiteral("0");
+    if (!std::isfinite(valor)) return QString::number(valor);
+    // The fewest significant digits (at most 15) that read back as the same double.
+    char buffer[64];
+    int digitos = 1;
+    for (; digitos < 15; ++digitos) {
+        std::snprintf(buffer, sizeof buffer, "%.*E", digitos - 1, valor);
+        if (std::strtod(buffer, nullptr) == valor) break;
+    }
+    std::snprintf(buffer, sizeof buffer, "%.*E", digitos - 1, valor);
+    const std::string cientifico = buffer;
+    const size_t e = cientifico.find('E');
+    const int exponente = std::atoi(cientifico.c_str() + e + 1);
+    if (exponente < -4 || exponente >= 15) {
+        std::string mantisa = cientifico.substr(0, e);
+        if (mantisa.find('.') != std::string::npos) {
+            while (mantisa.back() == '0') mantisa.pop_back();
+            if (mantisa.back() == '.') mantisa.pop_back();
+        }
+        std::snprintf(buffer, sizeof buffer, "%sE%c%02d", mantisa.c_str(), exponente < 0 ? '-' : '+',
+                      std::abs(exponente));
+        return QString::fromLatin1(buffer);
+    }
+    std::snprintf(buffer, sizeof buffer, "%.*f", std::max(0, digitos - 1 - exponente), valor);
+    return QString::fromLatin1(buffer);
+}
+
+std::optional<double> leerNumero(const QString& texto) {
+    static const QRegularExpression patron(QStringLiteral(R"(^\s*[+-]?(\d+([.,]\d*)?|[.,]\d+)\s*$)"));
+    if (!patron.match(texto).hasMatch()) return std::nullopt;
+    QString limpio = texto.trimmed();
+    limpio.replace(u',', u'.');
+    bool ok = false;
+    const double valor = limpio.toDouble(&ok);
+    if (!ok) return std::nullopt;
+    return valor;
+}
+
+bool IsNumeric(const QString& texto) { return leerNumero(texto).has_value(); }
+
+double Val(const QString& texto) {
+    static const QRegularExpression patron(
+        QStringLiteral(R"(^\s*([+-]?(\d+\.?\d*|\.\d+))([EeDd][+-]?\d+)?)"));
+    const QRegularExpressionMatch m = patron.match(texto);
+    if (!m.hasMatch()) return 0;
+    QString numero = m.captured(1) + m.captured(3);
+    numero.replace(u'D', u'E').replace(u'd', u'E');
+    return numero.toDouble();
+}
+
+std::optional<QDate> leerFecha(const QString& texto) {
+    static const QRegularExpression patron(
+        QStringLiteral(R"(^\s*(\d{1,2})([/.-])(\d{1,2})\2(\d{4}|\d{2})\s*$)"));
+    const QRegularExpressionMatch m = patron.match(texto);
+    if (!m.hasMatch()) return std::nullopt;
+    int anio = m.captured(4).toInt();
+    if (m.captured(4).size() == 2) anio += anio < 30 ? 2000 : 1900;
+    const QDate fecha(anio, m.captured(3).toInt(), m.captured(1).toInt());
+    if (!fecha.isValid()) return std::nullopt;
+    return fecha;
+}
+
+QDate sumar(const QDate& fecha, Intervalo intervalo, int cantidad) {
+    switch (intervalo) {
+        case Intervalo::Anios: return fecha.addYears(cantidad);
+        case Intervalo::Meses: return fecha.addMonths(cantidad);
+        case Intervalo::Dias: return fecha.addDays(cantidad);
+    }
+    return fecha;
+}
+
+}  // namespace formato

@@ -1,0 +1,128 @@
+#include "global.h"
+
+#include "almacen/sql.h"
+#include "entidades/delegaciones.h"
+#include "entidades/empresas.h"
+#include "entidades/numeracion.h"
+#include "entidades/usuariosdelegaciones.h"
+
+#include <QSysInfo>
+
+QVariant Nz(const QVariant& valor, const QVariant& defecto) {
+    if (valor.isNull() || !valor.isValid()) return defecto;
+    if (valor.typeId() == QMetaType::QString && valor.toString().isEmpty()) return defecto;
+    return valor;
+}
+
+namespace {
+
+QString recortarEspacios(const QString& texto) {
+    qsizetype inicio = 0, fin = texto.size();
+    while (inicio < fin && texto[inicio] == u' ') ++inicio;
+    while (fin > inicio && texto[fin - 1] == u' ') --fin;
+    return texto.mid(inicio, fin - inicio);
+}
+
+QList<qsizetype> posiciones(const QString& texto, QChar separador) {
+    QList<qsizetype> lista;
+    for (qsizetype i = 0; i < texto.size(); ++i)
+        if (texto[i] == separador) lista.append(i);
+    return lista;
+}
+
+}  // namespace
+
+QString GetParam(const QString& texto, int posicion, QString& separador) {
+    if (separador.isEmpty()) separador = QStringLiteral("|");
+    if (texto.isEmpty() || posicion <= 0) return {};
+    const QStringList campos = texto.split(separador.front());
+    if (posicion > campos.size()) return {};
+    return recortarEspacios(campos[posicion - 1]);
+}
+
+QString SetParam(const QString& texto, const QString& valor, int posicion, QString& separador) {
+    if (separador.isEmpty()) separador = QStringLiteral("|");
+    const QChar sep = separador.front();
+    if (posicion <= 0)
+        throw Error(5, QStringLiteral("Llamada a procedimiento o argumento no válido."));
+    if (texto.isEmpty()) return QString(posicion - 1, sep) + valor + sep;
+
+    const QList<qsizetype> seps = posiciones(texto, sep);
+    const bool cola = seps.isEmpty() || seps.last() < texto.size() - 1;
+    if (posicion == 1) {
+        if (seps.isEmpty())
+            throw Error(5, QStringLiteral("Llamada a procedimiento o argumento no válido."));
+        return valor + texto.mid(seps.first());
+    }
+    if (posicion <= seps.size())
+        return texto.left(seps[posicion - 2] + 1) + valor + texto.mid(seps[posicion - 1]);
+    if (posicion == seps.size() + 1 && cola) return texto + valor + sep;
+    const int presentes = int(seps.size()) + (cola ? 1 : 0);
+    return texto + QString(posicion - presentes - 1, sep) + valor + sep;
+}
+
+int BuscarEnArray(const QStringList& lista, const QString& texto) {
+    const qsizetype i = lista.indexOf(texto);
+    return i < 0 ? -1 : int(i) + 1;
+}
+
+QString ExpandirCuenta(const QString& cuenta, int digitos) {
+    const qsizetype largo = cuenta.size();
+    if (largo - 1 >= digitos || largo <= 1) return cuenta;
+    QString expandida = cuenta;
+    expandida.replace(u'.', QString(digitos - largo + 1, u'0'));
+    return expandida.size() == digitos ? expandida : cuenta;
+}
+
+QString SiguienteNumero(const QString& empresa, int ejercicio, const QString& serie) {
+    Conexion& c = *sesion_conexion;
+    const QString condicion = QStringLiteral("codigo_empresa = ") + sqlTexto(empresa) +
+                              QStringLiteral(" and ejercicio = ") + QString::number(ejercicio) +
+                              QStringLiteral(" and numeracion = ") + sqlTexto(serie);
+    // Advancing first takes the row's write lock: a second workstation waits here and then
+    // advances past the number this one takes. Read and write commit together.
+    Transaccion t(c);
+    const int cambiadas = c.execute(
+        QStringLiteral("UPDATE Numeraciones SET numero = numero + 1, ultima_modificacion = ") +
+        sqlTexto(QDate::currentDate().toString(QStringLiteral("yyyyMMdd"))) +
+        QStringLiteral(", ultimo_usuario = ") + sqlTexto(sesion_usuario) + QStringLiteral(" WHERE ") +
+        condicion);
+    if (cambiadas == 0) return {};
+    Recordset rs = numeracion::GetList(c, condicion, {});
+    if (rs.eof()) return {};
+    const int numero = rs.value(QStringLiteral("numero")).toInt() - 1;
+    const int longitud = rs.value(QStringLiteral("longitud")).toInt();
+    t.commit();
+    return QString::number(numero).rightJustified(longitud, u'0');
+}
+
+QString NombrePC() { return QSysInfo::machineHostName().left(255); }
+
+namespace {
+QStringList columna(Recordset rs, const QString& campo) {
+    QStringList lista;
+    for (; !rs.eof(); rs.moveNext()) lista.append(NzTexto(rs.value(campo)));
+    return lista;
+}
+}  // namespace
+
+QStringList CargarEmpresas(Conexion& conexion) {
+    return columna(Empresas::GetList(conexion, {}, QStringLiteral("codigo_empresa")),
+                   QStringLiteral("codigo_empresa"));
+}
+
+QStringList CargarDelegaciones(Conexion& conexion, const QString& empresa) {
+    return columna(Delegaciones::GetList(conexion, QStringLiteral("codigo_empresa = ") + sqlTexto(empresa),
+                                         QStringLiteral("codigo_empresa, codigo_delegacion")),
+                   QStringLiteral("codigo_delegacion"));
+}
+
+QStringList CargarUsuarios(Conexion& conexion, const QString& empresa, const QString& delegacion) {
+    return columna(UsuariosDelegaciones::GetList(
+                       conexion,
+                       QStringLiteral("codigo_empresa = ") + sqlTexto(empresa) +
+                           QStringLiteral(" AND codigo_delegacion = ") + sqlTexto(delegacion) +
+                           QStringLiteral(" AND activo <> 0"),
+                       {}),
+                   QStringLiteral("codigo_usuario"));
+}

@@ -1,0 +1,122 @@
+#include "fuentes.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QSet>
+
+namespace {
+
+struct Linea {
+    int numero;
+    QString texto;
+};
+
+QList<Linea> leerLineas(const QString& ruta) {
+    QFile f(ruta);
+    if (!f.open(QIODevice::ReadOnly)) throw Error(1, QStringLiteral("No se puede leer ") + ruta);
+    QList<Linea> lineas;
+    int n = 0;
+    for (const QString& l : QString::fromUtf8(f.readAll()).split(u'\n')) {
+        ++n;
+        const QString t = l.trimmed();
+        if (t.isEmpty() || t.startsWith(u'#')) continue;
+        lineas.append({n, t});
+    }
+    return lineas;
+}
+
+[[noreturn]] void fallar(const QString& archivo, int linea, const QString& motivo) {
+    throw Error(1, archivo + u':' + QString::number(linea) + QStringLiteral(": ") + motivo);
+}
+
+// The parent that a menu code implies: its last used group of three digits set to "000".
+QString padreDelCodigo(const QString& codigo) {
+    for (int grupo = 3; grupo >= 0; --grupo) {
+        if (codigo.mid(grupo * 3, 3) != u"000") {
+            QString padre = codigo;
+            padre.replace(grupo * 3, 3, QStringLiteral("000"));
+            return padre;
+        }
+    }
+    return codigo;
+}
+
+QList<entidad::Valores> leerMenus(const QString& carpeta) {
+    const QString archivo = QStringLiteral("sysMenus.txt");
+    static const QRegularExpression patron(QStringLiteral(R"(^(\d{12})\s+(\d{12})\s+([01])\s+(\S+)\s+(.+)$)"));
+    QList<entidad::Valores> filas;
+    QSet<QString> carpetas;
+    QString anterior;
+    for (const Linea& l : leerLineas(carpeta + u'/' + archivo)) {
+        const QRegularExpressionMatch m = patron.match(l.texto);
+        if (!m.hasMatch()) fallar(archivo, l.numero, QStringLiteral("formato no reconocido"));
+        const QString item = m.captured(1), padre = m.captured(2);
+        const QString formulario = m.captured(4) == u"-" ? QString() : m.captured(4);
+        if (item <= anterior) fallar(archivo, l.numero, QStringLiteral("los códigos deben ir en orden creciente"));
+        if (item == u"000000000000") fallar(archivo, l.numero, QStringLiteral("código reservado"));
+        const QString esperado = padreDelCodigo(item);
+        if (padre != esperado)
+            fallar(archivo, l.numero, QStringLiteral("el padre debe ser ") + esperado);
+        if (padre != u"000000000000" && !carpetas.contains(padre))
+            fallar(archivo, l.numero, QStringLiteral("el padre no es una carpeta anterior"));
+        if (formulario.isEmpty()) carpetas.insert(item);
+        anterior = item;
+        filas.append({item, padre, m.captured(5).trimmed(), formulario, m.captured(3).toInt()});
+    }
+    return filas;
+}
+
+QList<entidad::Valores> leerPlan(const QString& carpeta) {
+    const QString archivo = QStringLiteral("sysPlanContable.txt");
+    static const QRegularExpression patron(QStringLiteral(R"(^(\d+)\s+(.+)$)"));
+    QList<entidad::Valores> filas;
+    QSet<QString> vistas;
+    for (const Linea& l : leerLineas(carpeta + u'/' + archivo)) {
+        const QRegularExpressionMatch m = patron.match(l.texto);
+        if (!m.hasMatch()) fallar(archivo, l.numero, QStringLiteral("formato no reconocido"));
+        const QString cuenta = m.captured(1);
+        if (vistas.contains(cuenta)) fallar(archivo, l.numero, QStringLiteral("cuenta repetida"));
+        vistas.insert(cuenta);
+        filas.append({cuenta, m.captured(2).trimmed(), int(cuenta.size())});
+    }
+    return filas;
+}
+
+// "A|1|2|0|Título|cuentas": the side, so many levels, the title and the accounts.
+QList<entidad::Valores> leerEstado(const QString& carpeta, const QString& archivo,
+                                   const QStringList& lados, int niveles) {
+    QList<entidad::Valores> filas;
+    QSet<QString> claves;
+    for (const Linea& l : leerLineas(carpeta + u'/' + archivo)) {
+        const QStringList campos = l.texto.split(u'|');
+        if (campos.size() != niveles + 3) fallar(archivo, l.numero, QStringLiteral("número de campos incorrecto"));
+        if (!lados.contains(campos[0])) fallar(archivo, l.numero, QStringLiteral("lado no válido"));
+        entidad::Valores fila{campos[0]};
+        for (int i = 1; i <= niveles; ++i) {
+            bool ok = false;
+            const int nivel = campos[i].trimmed().toInt(&ok);
+            if (!ok) fallar(archivo, l.numero, QStringLiteral("nivel no numérico"));
+            fila.append(nivel);
+        }
+        const QString clave = campos.mid(0, niveles + 1).join(u'|');
+        if (claves.contains(clave)) fallar(archivo, l.numero, QStringLiteral("línea repetida"));
+        claves.insert(clave);
+        fila.append(campos[niveles + 1].trimmed());
+        fila.append(campos[niveles + 2].trimmed());
+        filas.append(fila);
+    }
+    return filas;
+}
+
+}  // namespace
+
+Plantilla leerPlantilla(const QString& carpeta) {
+    Plantilla p;
+    p.menus = leerMenus(carpeta);
+    p.plan = leerPlan(carpeta);
+    p.situacion = leerEstado(carpeta, QStringLiteral("sysSituacion.txt"),
+                             {QStringLiteral("A"), QStringLiteral("P")}, 3);
+    p.pergan = leerEstado(carpeta, QStringLiteral("sysPergan.txt"),
+                          {QStringLiteral("D"), QStringLiteral("H")}, 4);
+    return p;
+}
