@@ -82,7 +82,12 @@ QString textoDouble(double valor) {
         return QString::fromLatin1(buffer);
     }
     std::snprintf(buffer, sizeof buffer, "%.*f", std::max(0, digitos - 1 - exponente), valor);
-    return QString::fromLatin1(buffer);
+    std::string fijo = buffer;
+    if (fijo.find('.') != std::string::npos) {
+        while (fijo.back() == '0') fijo.pop_back();
+        if (fijo.back() == '.') fijo.pop_back();
+    }
+    return QString::fromLatin1(fijo.c_str());
 }
 
 std::optional<double> leerNumero(const QString& texto) {

@@ -1,0 +1,153 @@
+// Numbers and dates as the screens and the SQL show them: the figures a bookkeeper reads and
+// the texts that the store compares.
+#include "data/auxiliar.h"
+#include "data/formato.h"
+
+#include <QtTest>
+#include <cmath>
+
+class PruebaFormato : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void format_data() {
+        QTest::addColumn<double>("valor");
+        QTest::addColumn<QString>("patron");
+        QTest::addColumn<QString>("texto");
+        QTest::newRow("decimal comma") << 121.0 << "0.00" << "121,00";
+        QTest::newRow("exact half up") << 0.125 << "0.00" << "0,13";
+        QTest::newRow("exact half away from zero") << -0.125 << "0.00" << "-0,13";
+        QTest::newRow("exact half at 2.5") << 2.5 << "0" << "3";
+        QTest::newRow("below half in binary: 2.675") << 2.675 << "0.00" << "2,67";
+        QTest::newRow("above half in binary: 1.005") << 1.005 << "0.00" << "1,00";
+        QTest::newRow("0.1+0.2") << 0.1 + 0.2 << "0.00" << "0,30";
+        QTest::newRow("carry into units") << 9.5 << "0" << "10";
+        QTest::newRow("99.995 is above half in binary") << 99.995 << "0.00" << "100,00";
+        QTest::newRow("exact half 9.875") << 9.875 << "0.00" << "9,88";
+        QTest::newRow("tiny negative is zero") << -0.001 << "0.00" << "0,00";
+        QTest::newRow("residue") << 5.6843418860808e-14 << "0.00" << "0,00";
+        QTest::newRow("large amount") << 1234567.891 << "0.00" << "1234567,89";
+        QTest::newRow("whole format") << 30.5 << "0" << "31";
+        QTest::newRow("negative whole") << -1.5 << "0" << "-2";
+    }
+    void format() {
+        QFETCH(double, valor);
+        QFETCH(QString, patron);
+        QFETCH(QString, texto);
+        QCOMPARE(formato::Format(valor, patron), texto);
+    }
+
+    void textoDouble_data() {
+        QTest::addColumn<double>("valor");
+        QTest::addColumn<QString>("texto");
+        QTest::newRow("whole") << 100.0 << "100";
+        QTest::newRow("zero") << 0.0 << "0";
+        QTest::newRow("cents") << 121.21 << "121.21";
+        QTest::newRow("negative") << -0.5 << "-0.5";
+        QTest::newRow("0.1+0.2 at 15 digits") << 0.1 + 0.2 << "0.3";
+        QTest::newRow("residue 5.7e-14") << 5.6843418860808e-14 << "5.6843418860808E-14";
+        QTest::newRow("difference of sums") << (0.1 + 0.7) * 10 - 8 << "-8.88178419700125E-16";
+        QTest::newRow("small but fixed") << 0.0001 << "0.0001";
+        QTest::newRow("small exponent") << 0.00001 << "1E-05";
+        QTest::newRow("large exponent") << 1e15 << "1E+15";
+        QTest::newRow("fourteen digits") << 12345678901234.0 << "12345678901234";
+    }
+    void textoDouble() {
+        QFETCH(double, valor);
+        QFETCH(QString, texto);
+        QCOMPARE(formato::textoDouble(valor), texto);
+    }
+
+    void leerNumero_data() {
+        QTest::addColumn<QString>("texto");
+        QTest::addColumn<bool>("valido");
+        QTest::addColumn<double>("valor");
+        QTest::newRow("comma") << "121,5" << true << 121.5;
+        QTest::newRow("point") << "121.5" << true << 121.5;
+        QTest::newRow("blanks and sign") << "  -3 " << true << -3.0;
+        QTest::newRow("leading mark") << ",5" << true << 0.5;
+        QTest::newRow("thousands refused") << "1.234,56" << false << 0.0;
+        QTest::newRow("letters") << "12a" << false << 0.0;
+        QTest::newRow("empty") << "" << false << 0.0;
+        QTest::newRow("two marks") << "1,2,3" << false << 0.0;
+    }
+    void leerNumero() {
+        QFETCH(QString, texto);
+        QFETCH(bool, valido);
+        QFETCH(double, valor);
+        const auto leido = formato::leerNumero(texto);
+        QCOMPARE(leido.has_value(), valido);
+        if (valido) QCOMPARE(*leido, valor);
+    }
+
+    void val_data() {
+        QTest::addColumn<QString>("texto");
+        QTest::addColumn<double>("valor");
+        QTest::newRow("number then letter") << "12345678Z" << 12345678.0;
+        QTest::newRow("stops at letter") << "123A5678Z" << 123.0;
+        QTest::newRow("exponent") << "1234E5Z" << 123400000.0;
+        QTest::newRow("point") << "12.345.678-Z" << 12.345;
+        QTest::newRow("nothing") << "ABC" << 0.0;
+    }
+    void val() {
+        QFETCH(QString, texto);
+        QFETCH(double, valor);
+        QCOMPARE(formato::Val(texto), valor);
+    }
+
+    void fechas_data() {
+        QTest::addColumn<QString>("pantalla");
+        QTest::addColumn<QString>("almacen");
+        QTest::newRow("plain") << "31/01/2026" << "20260131";
+        QTest::newRow("short day and month") << "1/2/2026" << "20260201";
+        QTest::newRow("dashes") << "01-02-2026" << "20260201";
+        QTest::newRow("two-digit year") << "15/06/07" << "20070615";
+        QTest::newRow("31 February") << "31/02/2006" << "";
+        QTest::newRow("29 February of a leap year") << "29/02/2024" << "20240229";
+        QTest::newRow("29 February otherwise") << "29/02/2023" << "";
+        QTest::newRow("not a date") << "hoy" << "";
+        QTest::newRow("stored form is no screen date") << "20260131" << "";
+    }
+    void fechas() {
+        QFETCH(QString, pantalla);
+        QFETCH(QString, almacen);
+        QCOMPARE(Auxiliar::sDate(pantalla), almacen);
+        QCOMPARE(Auxiliar::sDate(QDate(2026, 3, 4)), QStringLiteral("20260304"));
+    }
+
+    void dDate_data() {
+        QTest::addColumn<QString>("almacen");
+        QTest::addColumn<QString>("pantalla");
+        QTest::newRow("date") << "20260131" << "31/01/2026";
+        QTest::newRow("empty") << "" << "";
+        QTest::newRow("short text keeps empty pieces") << "2026" << "//2026";
+        QTest::newRow("no validation") << "20261345" << "45/13/2026";
+    }
+    void dDate() {
+        QFETCH(QString, almacen);
+        QFETCH(QString, pantalla);
+        QCOMPARE(Auxiliar::dDate(almacen), pantalla);
+    }
+
+    void sumar_data() {
+        QTest::addColumn<QDate>("fecha");
+        QTest::addColumn<int>("intervalo");
+        QTest::addColumn<int>("cantidad");
+        QTest::addColumn<QDate>("resultado");
+        const int anios = int(formato::Intervalo::Anios), meses = int(formato::Intervalo::Meses),
+                  dias = int(formato::Intervalo::Dias);
+        QTest::newRow("29 Feb + 1 year") << QDate(2024, 2, 29) << anios << 1 << QDate(2025, 2, 28);
+        QTest::newRow("29 Feb - 1 year") << QDate(2024, 2, 29) << anios << -1 << QDate(2023, 2, 28);
+        QTest::newRow("31 Jan + 1 month") << QDate(2026, 1, 31) << meses << 1 << QDate(2026, 2, 28);
+        QTest::newRow("30 days across a year") << QDate(2026, 12, 15) << dias << 30 << QDate(2027, 1, 14);
+    }
+    void sumar() {
+        QFETCH(QDate, fecha);
+        QFETCH(int, intervalo);
+        QFETCH(int, cantidad);
+        QFETCH(QDate, resultado);
+        QCOMPARE(formato::sumar(fecha, formato::Intervalo(intervalo), cantidad), resultado);
+    }
+};
+
+QTEST_GUILESS_MAIN(PruebaFormato)
+#include "prueba_formato.moc"
