@@ -95,9 +95,13 @@ void Conexion::abrirPostgres(const DescripcionAlmacen& d) {
     if (d.soloLectura) ejecutarDirecto(QStringLiteral("SET default_transaction_read_only TO on"));
 }
 
-void Conexion::ejecutarDirecto(const QString& sql) {
+void Conexion::ejecutarDirecto(const QString& sql) { consultaDirecta(sql); }
+
+QSqlQuery Conexion::consultaDirecta(const QString& sql) {
     QSqlQuery q(db_);
+    q.setForwardOnly(true);
     if (!q.exec(sql)) fallar(q.lastError(), sql);
+    return q;
 }
 
 int Conexion::execute(const QString& sql) {
@@ -112,6 +116,15 @@ int Conexion::execute(const QString& sql) {
 Recordset Conexion::open(const QString& sql, Cursor cursor) {
     const QString traducido = dialecto_.traducir(sql);
     if (tieneNul(traducido)) fallarTexto(kNul);
+    if (cursor == Cursor::Secuencial && dialecto_.proveedor() == Proveedor::PostgreSQL) {
+        // The driver streams a PostgreSQL read only while nothing else runs on the connection;
+        // a cursor of the server lets the walk and other statements take turns.
+        static QAtomicInt cursores;
+        const QString nombre = QStringLiteral("lectura%1").arg(cursores.fetchAndAddRelaxed(1));
+        consultaDirecta(QStringLiteral("DECLARE ") + nombre + QStringLiteral(" NO SCROLL CURSOR WITH HOLD FOR ") +
+                        traducido);
+        return Recordset(this, traducido, nombre);
+    }
     QSqlQuery q(db_);
     q.setForwardOnly(true);
     if (!q.exec(traducido)) fallar(q.lastError(), traducido);

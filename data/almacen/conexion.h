@@ -59,6 +59,9 @@ public:
     void asegurarEsquema(esquema::Almacen almacen);
 
 private:
+    friend class Recordset;
+    // Runs a statement of this layer's own, untranslated, and gives its query.
+    QSqlQuery consultaDirecta(const QString& sql);
     void abrirSqlite(const DescripcionAlmacen& d);
     void abrirPostgres(const DescripcionAlmacen& d);
     QSqlQuery& preparada(const QString& sql);

@@ -5,22 +5,77 @@
 #include <QSqlField>
 
 Recordset::Recordset() = default;
-Recordset::Recordset(Recordset&&) noexcept = default;
-Recordset& Recordset::operator=(Recordset&&) noexcept = default;
-Recordset::~Recordset() = default;
+Recordset::Recordset(Recordset&& otro) noexcept { *this = std::move(otro); }
+
+Recordset& Recordset::operator=(Recordset&& otro) noexcept {
+    if (this == &otro) return *this;
+    cerrarCursor();
+    conexion_ = otro.conexion_;
+    sql_ = std::move(otro.sql_);
+    consulta_ = std::move(otro.consulta_);
+    columnas_ = std::move(otro.columnas_);
+    cursor_ = otro.cursor_;
+    cursorServidor_ = std::move(otro.cursorServidor_);
+    otro.cursorServidor_.clear();
+    eof_ = otro.eof_;
+    valores_ = std::move(otro.valores_);
+    fila_ = otro.fila_;
+    filasLote_ = otro.filasLote_;
+    cuenta_ = otro.cuenta_;
+    return *this;
+}
+
+Recordset::~Recordset() { cerrarCursor(); }
 
 Recordset::Recordset(Conexion* conexion, QString sql, QSqlQuery consulta, Cursor cursor)
     : conexion_(conexion), sql_(std::move(sql)), consulta_(std::move(consulta)), cursor_(cursor) {
     columnas_ = consulta_.record();
-    const int n = columnas_.count();
-    if (cursor_ == Cursor::Estatico) {
-        while (consulta_.next())
-            for (int i = 0; i < n; ++i) valores_.push_back(consulta_.value(i));
-        consulta_.finish();
-        cuenta_ = n == 0 ? 0 : int(valores_.size() / size_t(n));
-        eof_ = cuenta_ == 0;
-    } else {
+    if (cursor_ == Cursor::Estatico)
+        leerTodo();
+    else
         moveNext();
+}
+
+Recordset::Recordset(Conexion* conexion, QString sql, QString cursorServidor)
+    : conexion_(conexion),
+      sql_(std::move(sql)),
+      cursor_(Cursor::Secuencial),
+      cursorServidor_(std::move(cursorServidor)) {
+    siguienteLote();
+}
+
+void Recordset::leerTodo() {
+    const int n = columnas_.count();
+    while (consulta_.next())
+        for (int i = 0; i < n; ++i) valores_.push_back(consulta_.value(i));
+    consulta_.finish();
+    cuenta_ = n == 0 ? 0 : int(valores_.size() / size_t(n));
+    filasLote_ = size_t(cuenta_);
+    eof_ = cuenta_ == 0;
+}
+
+void Recordset::siguienteLote() {
+    constexpr int kLote = 2000;
+    consulta_ = conexion_->consultaDirecta(QStringLiteral("FETCH FORWARD %1 FROM ").arg(kLote) + cursorServidor_);
+    columnas_ = consulta_.record();
+    valores_.clear();
+    fila_ = 0;
+    const int n = columnas_.count();
+    while (consulta_.next())
+        for (int i = 0; i < n; ++i) valores_.push_back(consulta_.value(i));
+    consulta_.finish();
+    filasLote_ = n == 0 ? 0 : valores_.size() / size_t(n);
+    eof_ = filasLote_ == 0;
+    if (eof_) cerrarCursor();
+}
+
+void Recordset::cerrarCursor() {
+    if (cursorServidor_.isEmpty() || !conexion_) return;
+    const QString nombre = std::exchange(cursorServidor_, QString());
+    try {
+        conexion_->consultaDirecta(QStringLiteral("CLOSE ") + nombre);
+    } catch (const Error&) {
+        // The transaction it lived in was rolled back and took it along.
     }
 }
 
@@ -28,10 +83,14 @@ bool Recordset::eof() const { return eof_; }
 
 void Recordset::moveNext() {
     const int n = columnas_.count();
-    if (cursor_ == Cursor::Estatico) {
+    if (cursor_ == Cursor::Estatico || !cursorServidor_.isEmpty()) {
         if (eof_) return;
         ++fila_;
-        eof_ = fila_ >= size_t(cuenta_);
+        if (fila_ < filasLote_) return;
+        if (cursorServidor_.isEmpty())
+            eof_ = true;
+        else
+            siguienteLote();
         return;
     }
     valores_.clear();
@@ -73,7 +132,8 @@ QVariant Recordset::value(int indice) const {
     comprobarFila();
     if (indice < 0 || indice >= columnas_.count())
         throw Error(errores::kAlmacen, QStringLiteral("Columna fuera de la consulta."));
-    const size_t base = cursor_ == Cursor::Estatico ? fila_ * size_t(columnas_.count()) : 0;
+    const bool porFilas = cursor_ == Cursor::Estatico || filasLote_ > 0;
+    const size_t base = porFilas ? fila_ * size_t(columnas_.count()) : 0;
     return valores_[base + size_t(indice)];
 }
 
@@ -81,6 +141,7 @@ int Recordset::fieldCount() const { return columnas_.count(); }
 QString Recordset::fieldName(int indice) const { return columnas_.fieldName(indice); }
 
 void Recordset::close() {
+    cerrarCursor();
     consulta_.finish();
     valores_.clear();
     eof_ = true;

@@ -42,17 +42,26 @@ public:
 private:
     friend class Conexion;
     Recordset(Conexion* conexion, QString sql, QSqlQuery consulta, Cursor cursor);
+    // A sequential read through a cursor of the server, fetched in batches, so that other
+    // statements may run on the same connection while it is walked.
+    Recordset(Conexion* conexion, QString sql, QString cursorServidor);
     int indiceDe(const QString& campo) const;
     void comprobarFila() const;
+    void leerTodo();
+    void siguienteLote();
+    void cerrarCursor();
 
     Conexion* conexion_ = nullptr;
     QString sql_;
     QSqlQuery consulta_;
     QSqlRecord columnas_;
     Cursor cursor_ = Cursor::Estatico;
+    QString cursorServidor_;
     bool eof_ = true;
-    // Static reads keep all rows here, one after another; sequential ones only the current.
+    // Static reads keep all rows here, one after another; a server cursor its current batch;
+    // other sequential reads only the current row.
     std::vector<QVariant> valores_;
     size_t fila_ = 0;
+    size_t filasLote_ = 0;
     int cuenta_ = -1;
 };
