@@ -21,11 +21,12 @@ void SincronizarMenus() {
     Recordset origen = plantilla.open(QStringLiteral("SELECT * FROM sysMenus ORDER BY item_menu"));
     // Row by row, each committing by itself; every item starts visible to ordinary users.
     for (; !origen.eof(); origen.moveNext())
-        entidad::insertar(principal, esquema::Menus,
-                          {origen[QStringLiteral("item_menu")], origen[QStringLiteral("item_padre")],
-                           origen[QStringLiteral("descripcion")], origen[QStringLiteral("formulario")],
-                           origen[QStringLiteral("administrador")], 1},
-                          {});
+        entidad::insertar(
+            principal, esquema::Menus,
+            {origen[QStringLiteral("item_menu")], origen[QStringLiteral("item_padre")],
+             origen[QStringLiteral("descripcion")], origen[QStringLiteral("formulario")],
+             origen[QStringLiteral("administrador")], 1},
+            {});
 }
 
 void cerrarAlmacenes() {

@@ -18,8 +18,8 @@ Privada& privada(bool temporal) {
     return temporal ? temporalPrivada : principal;
 }
 
-QVariant buscar(bool temporal, const QString& tabla, const QString& campo,
-                const QString& condicion, const QVariant& defecto) {
+QVariant buscar(bool temporal, const QString& tabla, const QString& campo, const QString& condicion,
+                const QVariant& defecto) {
     Privada& p = privada(temporal);
     if (!p.conexion || p.carpeta != programa::carpeta()) {
         p.conexion.reset();
@@ -28,8 +28,9 @@ QVariant buscar(bool temporal, const QString& tabla, const QString& campo,
         p.carpeta = programa::carpeta();
     }
     try {
-        Recordset rs = p.conexion->open(QStringLiteral("SELECT ") + campo + QStringLiteral(" FROM ") +
-                                        tabla + QStringLiteral(" WHERE ") + condicion);
+        Recordset rs =
+            p.conexion->open(QStringLiteral("SELECT ") + campo + QStringLiteral(" FROM ") + tabla +
+                             QStringLiteral(" WHERE ") + condicion);
         // One field is selected: its value is the first column, whatever its name.
         if (rs.eof()) return defecto;
         const QVariant valor = rs.value(0);
@@ -73,7 +74,8 @@ void Auxiliar::DeleteExt(Conexion& conexion, const QString& tabla, const QString
         conexion.execute(QStringLiteral("DELETE FROM ") + tabla +
                          (condicion.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condicion));
     } catch (const Error& e) {
-        throw Error(e.numero(), ColectarErrores(conexion.errores(), QStringLiteral("Error en DeleteExt.")));
+        throw Error(e.numero(),
+                    ColectarErrores(conexion.errores(), QStringLiteral("Error en DeleteExt.")));
     }
 }
 
@@ -88,7 +90,8 @@ Recordset Auxiliar::GetListExt(Conexion& conexion, const QString& tabla, const Q
     try {
         return conexion.open(sql, cursor);
     } catch (const Error& e) {
-        throw Error(e.numero(), ColectarErrores(conexion.errores(), QStringLiteral("Error en GetListExt.")));
+        throw Error(e.numero(),
+                    ColectarErrores(conexion.errores(), QStringLiteral("Error en GetListExt.")));
     }
 }
 

@@ -77,8 +77,8 @@ QString textoDouble(double valor) {
             while (mantisa.back() == '0') mantisa.pop_back();
             if (mantisa.back() == '.') mantisa.pop_back();
         }
-        std::snprintf(buffer, sizeof buffer, "%sE%c%02d", mantisa.c_str(), exponente < 0 ? '-' : '+',
-                      std::abs(exponente));
+        std::snprintf(buffer, sizeof buffer, "%sE%c%02d", mantisa.c_str(),
+                      exponente < 0 ? '-' : '+', std::abs(exponente));
         return QString::fromLatin1(buffer);
     }
     std::snprintf(buffer, sizeof buffer, "%.*f", std::max(0, digitos - 1 - exponente), valor);
@@ -91,7 +91,8 @@ QString textoDouble(double valor) {
 }
 
 std::optional<double> leerNumero(const QString& texto) {
-    static const QRegularExpression patron(QStringLiteral(R"(^\s*[+-]?(\d+([.,]\d*)?|[.,]\d+)\s*$)"));
+    static const QRegularExpression patron(
+        QStringLiteral(R"(^\s*[+-]?(\d+([.,]\d*)?|[.,]\d+)\s*$)"));
     if (!patron.match(texto).hasMatch()) return std::nullopt;
     QString limpio = texto.trimmed();
     limpio.replace(u',', u'.');
@@ -101,7 +102,9 @@ std::optional<double> leerNumero(const QString& texto) {
     return valor;
 }
 
-bool IsNumeric(const QString& texto) { return leerNumero(texto).has_value(); }
+bool IsNumeric(const QString& texto) {
+    return leerNumero(texto).has_value();
+}
 
 double Val(const QString& texto) {
     static const QRegularExpression patron(
@@ -127,9 +130,12 @@ std::optional<QDate> leerFecha(const QString& texto) {
 
 QDate sumar(const QDate& fecha, Intervalo intervalo, int cantidad) {
     switch (intervalo) {
-        case Intervalo::Anios: return fecha.addYears(cantidad);
-        case Intervalo::Meses: return fecha.addMonths(cantidad);
-        case Intervalo::Dias: return fecha.addDays(cantidad);
+        case Intervalo::Anios:
+            return fecha.addYears(cantidad);
+        case Intervalo::Meses:
+            return fecha.addMonths(cantidad);
+        case Intervalo::Dias:
+            return fecha.addDays(cantidad);
     }
     return fecha;
 }

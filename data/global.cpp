@@ -85,8 +85,8 @@ QString SiguienteNumero(const QString& empresa, int ejercicio, const QString& se
     const int cambiadas = c.execute(
         QStringLiteral("UPDATE Numeraciones SET numero = numero + 1, ultima_modificacion = ") +
         sqlTexto(QDate::currentDate().toString(QStringLiteral("yyyyMMdd"))) +
-        QStringLiteral(", ultimo_usuario = ") + sqlTexto(sesion_usuario) + QStringLiteral(" WHERE ") +
-        condicion);
+        QStringLiteral(", ultimo_usuario = ") + sqlTexto(sesion_usuario) +
+        QStringLiteral(" WHERE ") + condicion);
     if (cambiadas == 0) return {};
     Recordset rs = numeracion::GetList(c, condicion, {});
     if (rs.eof()) return {};
@@ -96,7 +96,9 @@ QString SiguienteNumero(const QString& empresa, int ejercicio, const QString& se
     return QString::number(numero).rightJustified(longitud, u'0');
 }
 
-QString NombrePC() { return QSysInfo::machineHostName().left(255); }
+QString NombrePC() {
+    return QSysInfo::machineHostName().left(255);
+}
 
 namespace {
 QStringList columna(Recordset rs, const QString& campo) {
@@ -112,17 +114,18 @@ QStringList CargarEmpresas(Conexion& conexion) {
 }
 
 QStringList CargarDelegaciones(Conexion& conexion, const QString& empresa) {
-    return columna(Delegaciones::GetList(conexion, QStringLiteral("codigo_empresa = ") + sqlTexto(empresa),
-                                         QStringLiteral("codigo_empresa, codigo_delegacion")),
-                   QStringLiteral("codigo_delegacion"));
+    return columna(
+        Delegaciones::GetList(conexion, QStringLiteral("codigo_empresa = ") + sqlTexto(empresa),
+                              QStringLiteral("codigo_empresa, codigo_delegacion")),
+        QStringLiteral("codigo_delegacion"));
 }
 
 QStringList CargarUsuarios(Conexion& conexion, const QString& empresa, const QString& delegacion) {
-    return columna(UsuariosDelegaciones::GetList(
-                       conexion,
-                       QStringLiteral("codigo_empresa = ") + sqlTexto(empresa) +
-                           QStringLiteral(" AND codigo_delegacion = ") + sqlTexto(delegacion) +
-                           QStringLiteral(" AND activo <> 0"),
-                       {}),
-                   QStringLiteral("codigo_usuario"));
+    return columna(
+        UsuariosDelegaciones::GetList(conexion,
+                                      QStringLiteral("codigo_empresa = ") + sqlTexto(empresa) +
+                                          QStringLiteral(" AND codigo_delegacion = ") +
+                                          sqlTexto(delegacion) + QStringLiteral(" AND activo <> 0"),
+                                      {}),
+        QStringLiteral("codigo_usuario"));
 }

@@ -15,7 +15,7 @@ inline QString sesion_empresa;
 inline QString sesion_delegacion;
 inline QString sesion_usuario;
 inline int sesion_ejercicio = 0;
-inline int sesion_digitos = 0;  // length of a posting account code
+inline int sesion_digitos = 0;        // length of a posting account code
 inline QString sesion_fecha_inicial;  // the four dates as stored: "yyyymmdd" or empty
 inline QString sesion_fecha_final;
 inline QString sesion_inicio_bloqueo;
@@ -27,7 +27,9 @@ inline QString mantenimiento_contrasena;
 
 // The default when the value is Null or an empty text; a numeric 0 is a value.
 QVariant Nz(const QVariant& valor, const QVariant& defecto = QString());
-inline QString NzTexto(const QVariant& valor) { return Nz(valor).toString(); }
+inline QString NzTexto(const QVariant& valor) {
+    return Nz(valor).toString();
+}
 
 // Delimited lists such as "a|b|c|": fields with a separator behind each, the last one
 // possibly without. An empty separator means "|" and is changed to it. Positions from 1.

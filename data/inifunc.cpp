@@ -71,7 +71,8 @@ void SetIni(const QString& archivo, const QString& seccion, const QString& clave
     } else {
         qsizetype donde = -1;
         for (qsizetype i = inicio + 1; i < fin; ++i)
-            if (claveDe(lineas[i]).compare(clave, Qt::CaseInsensitive) == 0 && !claveDe(lineas[i]).isEmpty())
+            if (claveDe(lineas[i]).compare(clave, Qt::CaseInsensitive) == 0 &&
+                !claveDe(lineas[i]).isEmpty())
                 donde = i;
         if (donde >= 0) {
             lineas[donde] = nueva;

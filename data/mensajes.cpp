@@ -39,8 +39,9 @@ QString MensajeError(int codigo) {
         {1031, QStringLiteral("El ejercicio ya existe.")},
         {1032, QStringLiteral("El ejercicio no existe.")},
         {1033, QStringLiteral("Existe solapamiento de fechas con otros ejercicios.")},
-        {1034, QStringLiteral("No se han encontrado los datos del acreedor/deudor pertenecientes a la "
-                              "cuenta contable.")},
+        {1034,
+         QStringLiteral("No se han encontrado los datos del acreedor/deudor pertenecientes a la "
+                        "cuenta contable.")},
         {1035, QStringLiteral("Ya existen documentos vinculados. Modificación cancelada.")},
         {1036, QStringLiteral("No se puede borrar la empresa activa.")},
         {1037, QStringLiteral("No se puede borrar la delegación activa.")},
@@ -50,13 +51,15 @@ QString MensajeError(int codigo) {
         {1041, QStringLiteral("El registro ya existe.")},
         {1042, QStringLiteral("El registro no existe.")},
         {1043, QStringLiteral("El apunte no se corresponde con una linea de IVA.")},
-        {1044, QStringLiteral("La suma de los importes de los vencimientos no coincide con el de la "
-                              "partida.")},
+        {1044,
+         QStringLiteral("La suma de los importes de los vencimientos no coincide con el de la "
+                        "partida.")},
         {1045, QStringLiteral("El vencimiento ya existe.")},
         {1046, QStringLiteral("El vencimiento no existe.")},
         {1047, QStringLiteral("El ejercicio no ha sido regularizado.")},
         {1048, QStringLiteral("No se puede abrir un ejercicio si el siguiente está cerrado.")},
-        {9000, QStringLiteral("No hay datos que cumplan los criterios de selección para imprimir.")},
+        {9000,
+         QStringLiteral("No hay datos que cumplan los criterios de selección para imprimir.")},
     };
     return textos.value(codigo, QStringLiteral("Error no definido."));
 }

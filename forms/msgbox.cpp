@@ -11,7 +11,9 @@ ManejadorMensajes& manejadorActual() {
 }
 }  // namespace
 
-QString tituloAplicacion() { return QStringLiteral("Saldeva"); }
+QString tituloAplicacion() {
+    return QStringLiteral("Saldeva");
+}
 
 ManejadorMensajes establecerManejadorMensajes(ManejadorMensajes manejador) {
     ManejadorMensajes anterior = std::move(manejadorActual());
@@ -33,8 +35,8 @@ Respuesta MsgBox(const QString& texto, Icono icono) {
             QMessageBox::information(padre, tituloAplicacion(), texto);
             return Respuesta::Aceptar;
         case Icono::Pregunta: {
-            QMessageBox caja(QMessageBox::Question, tituloAplicacion(), texto, QMessageBox::NoButton,
-                             padre);
+            QMessageBox caja(QMessageBox::Question, tituloAplicacion(), texto,
+                             QMessageBox::NoButton, padre);
             QPushButton* si = caja.addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
             QPushButton* no = caja.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
             caja.setDefaultButton(si);

@@ -79,9 +79,12 @@ private Q_SLOTS:
         QCOMPARE(filas("Menus", "administrador <> 0 AND formulario = 'frmEmpresas'"), 1);
         // Every table is there, empty.
         for (const esquema::Tabla* t : esquema::tablas(esquema::Almacen::Principal))
-            if (t->nombre != "Menus") QCOMPARE(filas(QString::fromUtf8(t->nombre.data(), qsizetype(t->nombre.size()))), 0);
+            if (t->nombre != "Menus")
+                QCOMPARE(filas(QString::fromUtf8(t->nombre.data(), qsizetype(t->nombre.size()))),
+                         0);
         for (const esquema::Tabla* t : esquema::tablas(esquema::Almacen::Temporal))
-            sesion_temporal->open("SELECT * FROM " + QString::fromUtf8(t->nombre.data(), qsizetype(t->nombre.size())));
+            sesion_temporal->open("SELECT * FROM " +
+                                  QString::fromUtf8(t->nombre.data(), qsizetype(t->nombre.size())));
     }
 
     void carpetaVaciaCreaElAlmacen() {
@@ -115,15 +118,27 @@ private Q_SLOTS:
         QTest::addColumn<QString>("archivo");
         QTest::addColumn<QString>("contenido");
         QTest::addColumn<bool>("menuVacio");
-        QTest::newRow("missing Sistema.udl with an empty Menus") << "Sistema.udl" << "" << true;
-        QTest::newRow("template file missing") << "Sistema.udl" << "Provider=SQLite;Data Source=Dades/NoHay.db;Mode=Read" << true;
-        QTest::newRow("garbage Saldeva.udl") << "Saldeva.udl" << "\x01\x02 no es una conexión" << false;
-        QTest::newRow("unknown provider") << "Saldeva.udl" << "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=x.mdb" << false;
-        QTest::newRow("unreadable store file") << "Saldeva.udl" << "Provider=SQLite;Data Source=Dades/Basura.db" << false;
-        QTest::newRow("store folder missing") << "Saldeva.udl" << "Provider=SQLite;Data Source=NoHay/Saldeva.db" << false;
+        QTest::newRow("missing Sistema.udl with an empty Menus") << "Sistema.udl"
+                                                                 << "" << true;
+        QTest::newRow("template file missing")
+            << "Sistema.udl"
+            << "Provider=SQLite;Data Source=Dades/NoHay.db;Mode=Read" << true;
+        QTest::newRow("garbage Saldeva.udl") << "Saldeva.udl"
+                                             << "\x01\x02 no es una conexión" << false;
+        QTest::newRow("unknown provider")
+            << "Saldeva.udl"
+            << "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=x.mdb" << false;
+        QTest::newRow("unreadable store file")
+            << "Saldeva.udl"
+            << "Provider=SQLite;Data Source=Dades/Basura.db" << false;
+        QTest::newRow("store folder missing")
+            << "Saldeva.udl"
+            << "Provider=SQLite;Data Source=NoHay/Saldeva.db" << false;
         QTest::newRow("unreachable PostgreSQL")
-            << "Saldeva.udl" << "Provider=PostgreSQL;Host=127.0.0.1;Port=1;Database=saldeva;User ID=x" << false;
-        QTest::newRow("missing Temporal.udl") << "Temporal.udl" << "" << false;
+            << "Saldeva.udl"
+            << "Provider=PostgreSQL;Host=127.0.0.1;Port=1;Database=saldeva;User ID=x" << false;
+        QTest::newRow("missing Temporal.udl") << "Temporal.udl"
+                                              << "" << false;
     }
     void fallosDeArranque() {
         QFETCH(QString, archivo);

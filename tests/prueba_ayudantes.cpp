@@ -15,14 +15,22 @@ private Q_SLOTS:
         QTest::addColumn<int>("posicion");
         QTest::addColumn<QString>("separador");
         QTest::addColumn<QString>("campo");
-        QTest::newRow("second") << "a|b|c|" << 2 << "|" << "b";
-        QTest::newRow("beyond the last field") << "a;b" << 3 << ";" << "";
-        QTest::newRow("blanks trimmed, default separator") << " a |b|" << 1 << "" << "a";
-        QTest::newRow("last without separator") << "a|b" << 2 << "|" << "b";
-        QTest::newRow("empty field") << "a||c|" << 2 << "|" << "";
-        QTest::newRow("position 0") << "a|b|" << 0 << "|" << "";
-        QTest::newRow("empty text") << "" << 1 << "|" << "";
-        QTest::newRow("semicolon inside a pipe list") << "cuenta;80;|titulo;;|" << 1 << "|" << "cuenta;80;";
+        QTest::newRow("second") << "a|b|c|" << 2 << "|"
+                                << "b";
+        QTest::newRow("beyond the last field") << "a;b" << 3 << ";"
+                                               << "";
+        QTest::newRow("blanks trimmed, default separator") << " a |b|" << 1 << ""
+                                                           << "a";
+        QTest::newRow("last without separator") << "a|b" << 2 << "|"
+                                                << "b";
+        QTest::newRow("empty field") << "a||c|" << 2 << "|"
+                                     << "";
+        QTest::newRow("position 0") << "a|b|" << 0 << "|"
+                                    << "";
+        QTest::newRow("empty text") << "" << 1 << "|"
+                                    << "";
+        QTest::newRow("semicolon inside a pipe list") << "cuenta;80;|titulo;;|" << 1 << "|"
+                                                      << "cuenta;80;";
     }
     void getParam() {
         QFETCH(QString, texto);
@@ -38,13 +46,20 @@ private Q_SLOTS:
         QTest::addColumn<QString>("valor");
         QTest::addColumn<int>("posicion");
         QTest::addColumn<QString>("resultado");
-        QTest::newRow("empty text") << "" << "x" << 3 << "||x|";
-        QTest::newRow("beyond the end") << "a|b|" << "x" << 4 << "a|b||x|";
-        QTest::newRow("just after the end") << "a|b|" << "x" << 3 << "a|b|x|";
-        QTest::newRow("first") << "a|b|" << "x" << 1 << "x|b|";
-        QTest::newRow("middle") << "a|b|c|" << "x" << 2 << "a|x|c|";
-        QTest::newRow("last without separator") << "a|b" << "x" << 2 << "a|bx|";
-        QTest::newRow("window handles") << "" << "1234" << 1 << "1234|";
+        QTest::newRow("empty text") << ""
+                                    << "x" << 3 << "||x|";
+        QTest::newRow("beyond the end") << "a|b|"
+                                        << "x" << 4 << "a|b||x|";
+        QTest::newRow("just after the end") << "a|b|"
+                                            << "x" << 3 << "a|b|x|";
+        QTest::newRow("first") << "a|b|"
+                               << "x" << 1 << "x|b|";
+        QTest::newRow("middle") << "a|b|c|"
+                                << "x" << 2 << "a|x|c|";
+        QTest::newRow("last without separator") << "a|b"
+                                                << "x" << 2 << "a|bx|";
+        QTest::newRow("window handles") << ""
+                                        << "1234" << 1 << "1234|";
     }
     void setParam() {
         QFETCH(QString, texto);
@@ -57,7 +72,8 @@ private Q_SLOTS:
     }
     void setParamPrimerCampoSinSeparador() {
         QString separador = QStringLiteral("|");
-        QVERIFY_THROWS_EXCEPTION(Error, SetParam(QStringLiteral("abc"), QStringLiteral("x"), 1, separador));
+        QVERIFY_THROWS_EXCEPTION(
+            Error, SetParam(QStringLiteral("abc"), QStringLiteral("x"), 1, separador));
     }
 
     void expandirCuenta_data() {
@@ -101,8 +117,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("texto");
         QTest::newRow("required") << 1000 << "El campo es obligatorio.";
         QTest::newRow("misprint kept") << 1028 << "Es asiento no está cuadrado.";
-        QTest::newRow("last numbered") << 1048 << "No se puede abrir un ejercicio si el siguiente está cerrado.";
-        QTest::newRow("nothing to print") << 9000 << "No hay datos que cumplan los criterios de selección para imprimir.";
+        QTest::newRow("last numbered")
+            << 1048 << "No se puede abrir un ejercicio si el siguiente está cerrado.";
+        QTest::newRow("nothing to print")
+            << 9000 << "No hay datos que cumplan los criterios de selección para imprimir.";
         QTest::newRow("9999") << 9999 << "Error no definido.";
         QTest::newRow("gap") << 1049 << "Error no definido.";
     }
@@ -117,23 +135,34 @@ private Q_SLOTS:
     void ini() {
         QTemporaryDir dir;
         const QString archivo = dir.filePath(QStringLiteral("Listas.ini"));
-        QCOMPARE(GetIni(archivo, QStringLiteral("CUENTAS"), QStringLiteral("Form"), QStringLiteral("def")),
+        QCOMPARE(GetIni(archivo, QStringLiteral("CUENTAS"), QStringLiteral("Form"),
+                        QStringLiteral("def")),
                  QStringLiteral("def"));
         const QString donde = QStringLiteral("codigo_empresa = '{@empresa}' AND pases = 'S', x; y");
         SetIni(archivo, QStringLiteral("CUENTAS"), QStringLiteral("Where"), donde);
-        SetIni(archivo, QStringLiteral("CUENTAS"), QStringLiteral("Fields"), QStringLiteral("cuenta;80;|descripcion;;|"));
-        SetIni(archivo, QStringLiteral("DIARIOS"), QStringLiteral("Form"), QStringLiteral("10;20;300;400;"));
-        SetIni(archivo, QStringLiteral("cuentas"), QStringLiteral("WHERE"), donde + QStringLiteral(" AND 1 = 1"));
-        QCOMPARE(GetIni(archivo, QStringLiteral("Cuentas"), QStringLiteral("where")), donde + QStringLiteral(" AND 1 = 1"));
-        QCOMPARE(GetIni(archivo, QStringLiteral("CUENTAS"), QStringLiteral("Fields")), QStringLiteral("cuenta;80;|descripcion;;|"));
-        QCOMPARE(GetIni(archivo, QStringLiteral("DIARIOS"), QStringLiteral("Form")), QStringLiteral("10;20;300;400;"));
-        QCOMPARE(GetIni(archivo, QStringLiteral("DIARIOS"), QStringLiteral("Fields"), QStringLiteral("-")), QStringLiteral("-"));
+        SetIni(archivo, QStringLiteral("CUENTAS"), QStringLiteral("Fields"),
+               QStringLiteral("cuenta;80;|descripcion;;|"));
+        SetIni(archivo, QStringLiteral("DIARIOS"), QStringLiteral("Form"),
+               QStringLiteral("10;20;300;400;"));
+        SetIni(archivo, QStringLiteral("cuentas"), QStringLiteral("WHERE"),
+               donde + QStringLiteral(" AND 1 = 1"));
+        QCOMPARE(GetIni(archivo, QStringLiteral("Cuentas"), QStringLiteral("where")),
+                 donde + QStringLiteral(" AND 1 = 1"));
+        QCOMPARE(GetIni(archivo, QStringLiteral("CUENTAS"), QStringLiteral("Fields")),
+                 QStringLiteral("cuenta;80;|descripcion;;|"));
+        QCOMPARE(GetIni(archivo, QStringLiteral("DIARIOS"), QStringLiteral("Form")),
+                 QStringLiteral("10;20;300;400;"));
+        QCOMPARE(GetIni(archivo, QStringLiteral("DIARIOS"), QStringLiteral("Fields"),
+                        QStringLiteral("-")),
+                 QStringLiteral("-"));
 
         QString conSalto = QStringLiteral("uno\ndos");
         SetIni(archivo, QStringLiteral("X"), QStringLiteral("k"), conSalto);
         QCOMPARE(conSalto, QStringLiteral("uno dos"));
-        QCOMPARE(GetIni(archivo, QStringLiteral("X"), QStringLiteral("k")), QStringLiteral("uno dos"));
-        QCOMPARE(GetIni(archivo, QStringLiteral("DIARIOS"), QStringLiteral("Form")), QStringLiteral("10;20;300;400;"));
+        QCOMPARE(GetIni(archivo, QStringLiteral("X"), QStringLiteral("k")),
+                 QStringLiteral("uno dos"));
+        QCOMPARE(GetIni(archivo, QStringLiteral("DIARIOS"), QStringLiteral("Form")),
+                 QStringLiteral("10;20;300;400;"));
 
         SetIni(archivo, QStringLiteral("X"), QStringLiteral("largo"), QString(400, u'a'));
         QCOMPARE(GetIni(archivo, QStringLiteral("X"), QStringLiteral("largo")).size(), 255);

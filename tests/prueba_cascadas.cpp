@@ -25,14 +25,21 @@ namespace {
 const QString U = QStringLiteral("PRUEBA");
 
 // An entry of two lines with a due date, a VAT row and a withholding row on its lines.
-void asiento(const QString& empresa, const QString& delegacion, const QString& numero, const QString& fecha) {
+void asiento(const QString& empresa, const QString& delegacion, const QString& numero,
+             const QString& fecha) {
     Conexion& c = *sesion_conexion;
-    Apuntes::Insert(c, empresa, delegacion, "FAC", numero, 1, "G", fecha, fecha, "", "43000000", "Venta", 121, 0, "P", "", U);
-    Apuntes::Insert(c, empresa, delegacion, "FAC", numero, 2, "G", fecha, fecha, "", "47700000", "IVA", 0, 21, "IVA", "", U);
-    Apuntes::Insert(c, empresa, delegacion, "FAC", numero, 3, "G", fecha, fecha, "", "47510000", "IRPF", 0, 15, "IRPF", "", U);
-    cartera::Insert(c, empresa, delegacion, "FAC", numero, 1, fecha, "CLI", "C1", "Vto", "C", "P", 121, "", "", "", U);
-    RegistroIva::Insert(c, empresa, delegacion, "FAC", numero, 2, "V", "CLI", "C1", "G21", 100, 21, 21, 0, 0, U);
-    RegistroIrpf::Insert(c, empresa, delegacion, "FAC", numero, 3, "CLI", "C1", "P15", 100, 15, 15, U);
+    Apuntes::Insert(c, empresa, delegacion, "FAC", numero, 1, "G", fecha, fecha, "", "43000000",
+                    "Venta", 121, 0, "P", "", U);
+    Apuntes::Insert(c, empresa, delegacion, "FAC", numero, 2, "G", fecha, fecha, "", "47700000",
+                    "IVA", 0, 21, "IVA", "", U);
+    Apuntes::Insert(c, empresa, delegacion, "FAC", numero, 3, "G", fecha, fecha, "", "47510000",
+                    "IRPF", 0, 15, "IRPF", "", U);
+    cartera::Insert(c, empresa, delegacion, "FAC", numero, 1, fecha, "CLI", "C1", "Vto", "C", "P",
+                    121, "", "", "", U);
+    RegistroIva::Insert(c, empresa, delegacion, "FAC", numero, 2, "V", "CLI", "C1", "G21", 100, 21,
+                        21, 0, 0, U);
+    RegistroIrpf::Insert(c, empresa, delegacion, "FAC", numero, 3, "CLI", "C1", "P15", 100, 15, 15,
+                         U);
 }
 
 // Every row of every table of the main store, as text: what "the store as it was" means.
@@ -40,7 +47,8 @@ QStringList fotografia() {
     QStringList filas;
     for (const esquema::Tabla* t : esquema::tablas(esquema::Almacen::Principal)) {
         const QString tabla = QString::fromUtf8(t->nombre.data(), qsizetype(t->nombre.size()));
-        for (Recordset rs = sesion_conexion->open(QStringLiteral("SELECT * FROM ") + tabla); !rs.eof(); rs.moveNext()) {
+        for (Recordset rs = sesion_conexion->open(QStringLiteral("SELECT * FROM ") + tabla);
+             !rs.eof(); rs.moveNext()) {
             QStringList valores{tabla};
             for (int i = 0; i < rs.fieldCount(); ++i) valores << rs.value(i).toString();
             filas << valores.join(u'|');
@@ -53,17 +61,24 @@ QStringList fotografia() {
 void rellenarPlantilla(AlmacenPrueba& almacen) {
     auto p = almacen.plantilla();
     p->execute("DELETE FROM sysPlanContable");
-    p->execute("INSERT INTO sysPlanContable (cuenta, titulo, nivel) VALUES ('4', 'Acreedores y deudores', 1), "
-               "('43', 'Clientes', 2), ('430', 'Clientes', 3), ('572', 'Bancos', 3)");
+    p->execute(
+        "INSERT INTO sysPlanContable (cuenta, titulo, nivel) VALUES ('4', 'Acreedores y deudores', "
+        "1), "
+        "('43', 'Clientes', 2), ('430', 'Clientes', 3), ('572', 'Bancos', 3)");
     p->execute("DELETE FROM sysSituacion");
-    p->execute("INSERT INTO sysSituacion (ap, nivel_1, nivel_2, nivel_3, titulo, cuentas) VALUES ('A', 2, 3, 0, 'Deudores', '430, 440')");
+    p->execute(
+        "INSERT INTO sysSituacion (ap, nivel_1, nivel_2, nivel_3, titulo, cuentas) VALUES ('A', 2, "
+        "3, 0, 'Deudores', '430, 440')");
     p->execute("DELETE FROM sysPergan");
-    p->execute("INSERT INTO sysPergan (dh, nivel_1, nivel_2, nivel_3, nivel_4, titulo, cuentas) VALUES ('H', 1, 1, 0, 0, 'Ventas', '700')");
+    p->execute(
+        "INSERT INTO sysPergan (dh, nivel_1, nivel_2, nivel_3, nivel_4, titulo, cuentas) VALUES "
+        "('H', 1, 1, 0, 0, 'Ventas', '700')");
 }
 
 void empresa(const QString& codigo, int digitos = 8) {
-    Empresas::Insert(*sesion_conexion, codigo, "B12345678", "Empresa " + codigo, "Calle Mayor 1", "08001", "Barcelona",
-                     "Barcelona", "España", "930000000", "", "info@example.com", digitos, U, false);
+    Empresas::Insert(*sesion_conexion, codigo, "B12345678", "Empresa " + codigo, "Calle Mayor 1",
+                     "08001", "Barcelona", "Barcelona", "España", "930000000", "",
+                     "info@example.com", digitos, U, false);
 }
 
 }  // namespace
@@ -93,12 +108,16 @@ private Q_SLOTS:
         Recordset cta = cuentas::GetList(*sesion_conexion, "codigo_empresa = 'E1'", "cuenta");
         QStringList cuentas;
         for (; !cta.eof(); cta.moveNext())
-            cuentas << cta["cuenta"].toString() + u'/' + cta["pases"].toString() + u'/' + cta["nivel"].toString();
-        QCOMPARE(cuentas, QStringList({"4/N/1", "43/N/2", "430/N/3", "43000000/S/8", "572/N/3", "57200000/S/8"}));
+            cuentas << cta["cuenta"].toString() + u'/' + cta["pases"].toString() + u'/' +
+                           cta["nivel"].toString();
+        QCOMPARE(cuentas, QStringList({"4/N/1", "43/N/2", "430/N/3", "43000000/S/8", "572/N/3",
+                                       "57200000/S/8"}));
         QCOMPARE(filas("Situacion", "codigo_empresa = 'E1' AND cuentas = '430, 440'"), 1);
         QCOMPARE(filas("Pergan", "codigo_empresa = 'E1' AND dh = 'H'"), 1);
         // The new branch is known to every user and open to none.
-        QCOMPARE(filas("UsuariosDelegaciones", "codigo_usuario = 'ANA' AND codigo_delegacion = 'E1' AND activo = 0"), 1);
+        QCOMPARE(filas("UsuariosDelegaciones",
+                       "codigo_usuario = 'ANA' AND codigo_delegacion = 'E1' AND activo = 0"),
+                 1);
     }
 
     void provisionEsTodoONada_data() {
@@ -115,7 +134,8 @@ private Q_SLOTS:
             QFAIL("provisioning succeeded");
         } catch (const Error& e) {
             QCOMPARE(e.numero(), errores::kInsert);
-            QVERIFY2(e.descripcion().startsWith("Error en Insert.\r\n"), qPrintable(e.descripcion()));
+            QVERIFY2(e.descripcion().startsWith("Error en Insert.\r\n"),
+                     qPrintable(e.descripcion()));
             QVERIFY2(e.descripcion().count("\r\n") >= 2, qPrintable(e.descripcion()));
         }
         QCOMPARE(fotografia(), antes);
@@ -139,9 +159,11 @@ private Q_SLOTS:
         empresa("E1");
         const QStringList sinE1 = fotografia();
         empresa("E2");
-        Delegaciones::Insert(*sesion_conexion, "E2", "NORTE", "Norte", "", "", "", "", "", "", "", "", U, false);
+        Delegaciones::Insert(*sesion_conexion, "E2", "NORTE", "Norte", "", "", "", "", "", "", "",
+                             "", U, false);
         asiento("E2", "NORTE", "F1", "10/02/2026");
-        Personal::Insert(*sesion_conexion, "E2", "C1", "Cliente", "12345678Z", "", "", "", "", "", "", "", "", U);
+        Personal::Insert(*sesion_conexion, "E2", "C1", "Cliente", "12345678Z", "", "", "", "", "",
+                         "", "", "", U);
         Diarios::Insert(*sesion_conexion, "E2", "G", "General", U);
         MenusUsuarios::Insert(*sesion_conexion, "ANA", "E2", "NORTE", "001000000000", "V", U);
         numeracion::Insert(*sesion_conexion, "E2", 2026, "FAC", 5, 1, "Facturas", U);
@@ -155,7 +177,8 @@ private Q_SLOTS:
         empresa("E1");
         asiento("E1", "E1", "F1", "10/02/2026");
         const QStringList sinNorte = fotografia();
-        Delegaciones::Insert(*sesion_conexion, "E1", "NORTE", "Norte", "", "", "", "", "", "", "", "", U, false);
+        Delegaciones::Insert(*sesion_conexion, "E1", "NORTE", "Norte", "", "", "", "", "", "", "",
+                             "", U, false);
         QCOMPARE(filas("UsuariosDelegaciones", "codigo_delegacion = 'NORTE' AND activo = 0"), 1);
         asiento("E1", "NORTE", "F1", "10/02/2026");
         MenusUsuarios::Insert(*sesion_conexion, "ANA", "E1", "NORTE", "001000000000", "V", U);
@@ -166,13 +189,14 @@ private Q_SLOTS:
 
     void gemelaSigueALaEmpresa() {
         empresa("E1");
-        Empresas::Update(*sesion_conexion, "E1", "B12345678", "Nueva Razón", "Gran Vía 2", "28013", "Madrid", "Madrid",
-                         "España", "910000000", "", "", 8, U, false);
-        Recordset d = Delegaciones::GetList(*sesion_conexion, "codigo_empresa = 'E1' AND codigo_delegacion = 'E1'", {});
+        Empresas::Update(*sesion_conexion, "E1", "B12345678", "Nueva Razón", "Gran Vía 2", "28013",
+                         "Madrid", "Madrid", "España", "910000000", "", "", 8, U, false);
+        Recordset d = Delegaciones::GetList(
+            *sesion_conexion, "codigo_empresa = 'E1' AND codigo_delegacion = 'E1'", {});
         QCOMPARE(d["nombre"].toString(), QStringLiteral("Nueva Razón"));
         QCOMPARE(d["poblacion"].toString(), QStringLiteral("Madrid"));
-        Delegaciones::Update(*sesion_conexion, "E1", "E1", "Otra", "Rambla 3", "08002", "Barcelona", "Barcelona", "España",
-                             "", "", "correo@example.com", U, false);
+        Delegaciones::Update(*sesion_conexion, "E1", "E1", "Otra", "Rambla 3", "08002", "Barcelona",
+                             "Barcelona", "España", "", "", "correo@example.com", U, false);
         Recordset e = Empresas::GetList(*sesion_conexion, "codigo_empresa = 'E1'", {});
         QCOMPARE(e["nombre"].toString(), QStringLiteral("Otra"));
         QCOMPARE(e["correo"].toString(), QStringLiteral("correo@example.com"));
@@ -182,7 +206,8 @@ private Q_SLOTS:
     void usuarioNuevoEnTodasLasDelegaciones() {
         empresa("E1");
         empresa("E2");
-        Delegaciones::Insert(*sesion_conexion, "E2", "SUR", "Sur", "", "", "", "", "", "", "", "", U, false);
+        Delegaciones::Insert(*sesion_conexion, "E2", "SUR", "Sur", "", "", "", "", "", "", "", "",
+                             U, false);
         Usuarios::Insert(*sesion_conexion, "E1", "E1", "LUIS", "X", U, false);
         QCOMPARE(filas("UsuariosDelegaciones", "codigo_usuario = 'LUIS' AND activo = 0"), 3);
         UsuariosDelegaciones::Update(*sesion_conexion, "LUIS", "E2", "SUR", -1, U);
@@ -200,8 +225,10 @@ private Q_SLOTS:
         numeracion::Insert(c, "E1", 2026, "A", 5, 77, "Serie A", U);
         numeracion::Insert(c, "E1", 2026, "B", 6, 12, "Serie B", U);
         numeracion::Insert(c, "E1", 2027, "A", 3, 40, "Ya estaba", U);
-        Ejercicios::Insert(c, "E1", 2027, "01/01/2027", "31/12/2027", "01/01/2027", "31/12/2027", "N", "N", U, false);
-        Recordset rs = numeracion::GetList(c, "codigo_empresa = 'E1' AND ejercicio = 2027", "numeracion");
+        Ejercicios::Insert(c, "E1", 2027, "01/01/2027", "31/12/2027", "01/01/2027", "31/12/2027",
+                           "N", "N", U, false);
+        Recordset rs =
+            numeracion::GetList(c, "codigo_empresa = 'E1' AND ejercicio = 2027", "numeracion");
         QCOMPARE(rs["numeracion"].toString(), QStringLiteral("A"));
         QCOMPARE(rs["numero"].toInt(), 40);  // a series already there stays as it is
         rs.moveNext();
@@ -215,7 +242,8 @@ private Q_SLOTS:
 
     void borrarEjercicio() {
         Conexion& c = *sesion_conexion;
-        Ejercicios::Insert(c, "E1", 2026, "01/01/2026", "31/12/2026", "01/01/2026", "31/12/2026", "N", "N", U, false);
+        Ejercicios::Insert(c, "E1", 2026, "01/01/2026", "31/12/2026", "01/01/2026", "31/12/2026",
+                           "N", "N", U, false);
         numeracion::Insert(c, "E1", 2026, "A", 5, 1, "Serie A", U);
         asiento("E1", "E1", "F1", "15/03/2026");
         asiento("E1", "NORTE", "F1", "15/03/2026");  // another branch: its entries stay
@@ -257,7 +285,8 @@ private Q_SLOTS:
         QCOMPARE(filas("Cartera"), vencimientos);
         QCOMPARE(filas("RegistroIva"), iva);
         QCOMPARE(filas("RegistroIrpf"), irpf);
-        Apuntes::Delete(*sesion_conexion, "E1", "E1", "FAC", "NO-EXISTE", 0, false);  // nothing to delete
+        Apuntes::Delete(*sesion_conexion, "E1", "E1", "FAC", "NO-EXISTE", 0,
+                        false);  // nothing to delete
     }
 
     // The last statement of each cascade fails: everything before it must be undone.
@@ -289,11 +318,22 @@ private Q_SLOTS:
         }();
         try {
             switch (operacion) {
-                case 0: Apuntes::Delete(*sesion_conexion, "E1", "E1", "FAC", "F1", 0, false); break;
-                case 1: Empresas::Delete(*sesion_conexion, "E1", false); break;
-                case 2: Delegaciones::Delete(*sesion_conexion, "E1", "E1", false); break;
-                case 3: Ejercicios::Delete(*sesion_conexion, "E1", "E1", QDate::currentDate().year(), false); break;
-                case 4: Usuarios::Delete(*sesion_conexion, "ANA", false); break;
+                case 0:
+                    Apuntes::Delete(*sesion_conexion, "E1", "E1", "FAC", "F1", 0, false);
+                    break;
+                case 1:
+                    Empresas::Delete(*sesion_conexion, "E1", false);
+                    break;
+                case 2:
+                    Delegaciones::Delete(*sesion_conexion, "E1", "E1", false);
+                    break;
+                case 3:
+                    Ejercicios::Delete(*sesion_conexion, "E1", "E1", QDate::currentDate().year(),
+                                       false);
+                    break;
+                case 4:
+                    Usuarios::Delete(*sesion_conexion, "ANA", false);
+                    break;
             }
             QFAIL("the cascade did not fail");
         } catch (const Error& e) {

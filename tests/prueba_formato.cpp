@@ -13,21 +13,36 @@ private Q_SLOTS:
         QTest::addColumn<double>("valor");
         QTest::addColumn<QString>("patron");
         QTest::addColumn<QString>("texto");
-        QTest::newRow("decimal comma") << 121.0 << "0.00" << "121,00";
-        QTest::newRow("exact half up") << 0.125 << "0.00" << "0,13";
-        QTest::newRow("exact half away from zero") << -0.125 << "0.00" << "-0,13";
-        QTest::newRow("exact half at 2.5") << 2.5 << "0" << "3";
-        QTest::newRow("below half in binary: 2.675") << 2.675 << "0.00" << "2,67";
-        QTest::newRow("above half in binary: 1.005") << 1.005 << "0.00" << "1,00";
-        QTest::newRow("0.1+0.2") << 0.1 + 0.2 << "0.00" << "0,30";
-        QTest::newRow("carry into units") << 9.5 << "0" << "10";
-        QTest::newRow("99.995 is above half in binary") << 99.995 << "0.00" << "100,00";
-        QTest::newRow("exact half 9.875") << 9.875 << "0.00" << "9,88";
-        QTest::newRow("tiny negative is zero") << -0.001 << "0.00" << "0,00";
-        QTest::newRow("residue") << 5.6843418860808e-14 << "0.00" << "0,00";
-        QTest::newRow("large amount") << 1234567.891 << "0.00" << "1234567,89";
-        QTest::newRow("whole format") << 30.5 << "0" << "31";
-        QTest::newRow("negative whole") << -1.5 << "0" << "-2";
+        QTest::newRow("decimal comma") << 121.0 << "0.00"
+                                       << "121,00";
+        QTest::newRow("exact half up") << 0.125 << "0.00"
+                                       << "0,13";
+        QTest::newRow("exact half away from zero") << -0.125 << "0.00"
+                                                   << "-0,13";
+        QTest::newRow("exact half at 2.5") << 2.5 << "0"
+                                           << "3";
+        QTest::newRow("below half in binary: 2.675") << 2.675 << "0.00"
+                                                     << "2,67";
+        QTest::newRow("above half in binary: 1.005") << 1.005 << "0.00"
+                                                     << "1,00";
+        QTest::newRow("0.1+0.2") << 0.1 + 0.2 << "0.00"
+                                 << "0,30";
+        QTest::newRow("carry into units") << 9.5 << "0"
+                                          << "10";
+        QTest::newRow("99.995 is above half in binary") << 99.995 << "0.00"
+                                                        << "100,00";
+        QTest::newRow("exact half 9.875") << 9.875 << "0.00"
+                                          << "9,88";
+        QTest::newRow("tiny negative is zero") << -0.001 << "0.00"
+                                               << "0,00";
+        QTest::newRow("residue") << 5.6843418860808e-14 << "0.00"
+                                 << "0,00";
+        QTest::newRow("large amount") << 1234567.891 << "0.00"
+                                      << "1234567,89";
+        QTest::newRow("whole format") << 30.5 << "0"
+                                      << "31";
+        QTest::newRow("negative whole") << -1.5 << "0"
+                                        << "-2";
     }
     void format() {
         QFETCH(double, valor);
@@ -97,15 +112,24 @@ private Q_SLOTS:
     void fechas_data() {
         QTest::addColumn<QString>("pantalla");
         QTest::addColumn<QString>("almacen");
-        QTest::newRow("plain") << "31/01/2026" << "20260131";
-        QTest::newRow("short day and month") << "1/2/2026" << "20260201";
-        QTest::newRow("dashes") << "01-02-2026" << "20260201";
-        QTest::newRow("two-digit year") << "15/06/07" << "20070615";
-        QTest::newRow("31 February") << "31/02/2006" << "";
-        QTest::newRow("29 February of a leap year") << "29/02/2024" << "20240229";
-        QTest::newRow("29 February otherwise") << "29/02/2023" << "";
-        QTest::newRow("not a date") << "hoy" << "";
-        QTest::newRow("stored form is no screen date") << "20260131" << "";
+        QTest::newRow("plain") << "31/01/2026"
+                               << "20260131";
+        QTest::newRow("short day and month") << "1/2/2026"
+                                             << "20260201";
+        QTest::newRow("dashes") << "01-02-2026"
+                                << "20260201";
+        QTest::newRow("two-digit year") << "15/06/07"
+                                        << "20070615";
+        QTest::newRow("31 February") << "31/02/2006"
+                                     << "";
+        QTest::newRow("29 February of a leap year") << "29/02/2024"
+                                                    << "20240229";
+        QTest::newRow("29 February otherwise") << "29/02/2023"
+                                               << "";
+        QTest::newRow("not a date") << "hoy"
+                                    << "";
+        QTest::newRow("stored form is no screen date") << "20260131"
+                                                       << "";
     }
     void fechas() {
         QFETCH(QString, pantalla);
@@ -117,10 +141,14 @@ private Q_SLOTS:
     void dDate_data() {
         QTest::addColumn<QString>("almacen");
         QTest::addColumn<QString>("pantalla");
-        QTest::newRow("date") << "20260131" << "31/01/2026";
-        QTest::newRow("empty") << "" << "";
-        QTest::newRow("short text keeps empty pieces") << "2026" << "//2026";
-        QTest::newRow("no validation") << "20261345" << "45/13/2026";
+        QTest::newRow("date") << "20260131"
+                              << "31/01/2026";
+        QTest::newRow("empty") << ""
+                               << "";
+        QTest::newRow("short text keeps empty pieces") << "2026"
+                                                       << "//2026";
+        QTest::newRow("no validation") << "20261345"
+                                       << "45/13/2026";
     }
     void dDate() {
         QFETCH(QString, almacen);
@@ -138,7 +166,8 @@ private Q_SLOTS:
         QTest::newRow("29 Feb + 1 year") << QDate(2024, 2, 29) << anios << 1 << QDate(2025, 2, 28);
         QTest::newRow("29 Feb - 1 year") << QDate(2024, 2, 29) << anios << -1 << QDate(2023, 2, 28);
         QTest::newRow("31 Jan + 1 month") << QDate(2026, 1, 31) << meses << 1 << QDate(2026, 2, 28);
-        QTest::newRow("30 days across a year") << QDate(2026, 12, 15) << dias << 30 << QDate(2027, 1, 14);
+        QTest::newRow("30 days across a year")
+            << QDate(2026, 12, 15) << dias << 30 << QDate(2027, 1, 14);
     }
     void sumar() {
         QFETCH(QDate, fecha);

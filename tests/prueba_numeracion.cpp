@@ -27,10 +27,14 @@ private Q_SLOTS:
         QTest::addColumn<int>("numero");
         QTest::addColumn<QString>("primero");
         QTest::addColumn<QString>("segundo");
-        QTest::newRow("padded") << 7 << 42 << "0000042" << "0000043";
-        QTest::newRow("wider than its length keeps all digits") << 5 << 123456 << "123456" << "123457";
-        QTest::newRow("crossing the length") << 2 << 99 << "99" << "100";
-        QTest::newRow("no padding") << 0 << 1 << "1" << "2";
+        QTest::newRow("padded") << 7 << 42 << "0000042"
+                                << "0000043";
+        QTest::newRow("wider than its length keeps all digits") << 5 << 123456 << "123456"
+                                                                << "123457";
+        QTest::newRow("crossing the length") << 2 << 99 << "99"
+                                             << "100";
+        QTest::newRow("no padding") << 0 << 1 << "1"
+                                    << "2";
     }
     void siguiente() {
         QFETCH(int, longitud);
@@ -71,7 +75,8 @@ private Q_SLOTS:
         QList<QProcess*> procesos;
         for (int i = 0; i < puestos; ++i) {
             auto* p = new QProcess(this);
-            p->start(QStringLiteral(NUMERADOR), {almacen->carpeta(), "E", "2026", "FAC", QString::number(cada)});
+            p->start(QStringLiteral(NUMERADOR),
+                     {almacen->carpeta(), "E", "2026", "FAC", QString::number(cada)});
             procesos << p;
         }
         QList<int> numeros;

@@ -10,32 +10,45 @@
 #include <QtTest>
 
 namespace {
-const QStringList kFormularios = {
-    "frmUsuarios", "frmUsuariosDelegaciones", "frmMenusUsuarios", "frmEmpresas", "frmDelegaciones",
-    "frmEjercicios", "frmNumeracion", "frmCuentas", "frmDocumentos", "frmDiarios", "frmImpuestos",
-    "frmIrpf", "frmFormasPago", "frmPersonal", "frmAcrdeu", "frmApunte", "frmCartera",
-    "frmSeleccionCartera", "frmRegistroIva", "frmExtractos", "frmLibroDiario", "frmSumasSaldos",
-    "frmSituacion", "frmBalanceSituacion", "frmPergan", "frmBalancePyG", "frmLibroIva",
-    "frmOperacionesTerceros", "frmRegularizacion", "frmCierre", "frmInvertir", "frmAbout"};
+const QStringList kFormularios = {"frmUsuarios",       "frmUsuariosDelegaciones",
+                                  "frmMenusUsuarios",  "frmEmpresas",
+                                  "frmDelegaciones",   "frmEjercicios",
+                                  "frmNumeracion",     "frmCuentas",
+                                  "frmDocumentos",     "frmDiarios",
+                                  "frmImpuestos",      "frmIrpf",
+                                  "frmFormasPago",     "frmPersonal",
+                                  "frmAcrdeu",         "frmApunte",
+                                  "frmCartera",        "frmSeleccionCartera",
+                                  "frmRegistroIva",    "frmExtractos",
+                                  "frmLibroDiario",    "frmSumasSaldos",
+                                  "frmSituacion",      "frmBalanceSituacion",
+                                  "frmPergan",         "frmBalancePyG",
+                                  "frmLibroIva",       "frmOperacionesTerceros",
+                                  "frmRegularizacion", "frmCierre",
+                                  "frmInvertir",       "frmAbout"};
 }  // namespace
 
 class PruebaPlantilla : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void menuEntregado() {
-        Conexion c(QStringLiteral("Provider=SQLite;Data Source=" SALDEVA_PROGRAMA_DIR "/Dades/Sistema.db;Mode=Read"));
+        Conexion c(QStringLiteral("Provider=SQLite;Data Source=" SALDEVA_PROGRAMA_DIR
+                                  "/Dades/Sistema.db;Mode=Read"));
         QHash<QString, int> administrador;  // item -> flag, for the items seen so far
         QSet<QString> formularios;
         QString anterior;
-        for (Recordset rs = c.open(QStringLiteral("SELECT * FROM sysMenus ORDER BY item_menu")); !rs.eof(); rs.moveNext()) {
+        for (Recordset rs = c.open(QStringLiteral("SELECT * FROM sysMenus ORDER BY item_menu"));
+             !rs.eof(); rs.moveNext()) {
             const QString item = rs[QStringLiteral("item_menu")].toString();
             const QString padre = rs[QStringLiteral("item_padre")].toString();
             const QString formulario = rs[QStringLiteral("formulario")].toString();
             const int admin = rs[QStringLiteral("administrador")].toInt();
             QVERIFY2(item > anterior, qPrintable(item));
-            QVERIFY2(padre == QStringLiteral("000000000000") || administrador.contains(padre), qPrintable(item));
+            QVERIFY2(padre == QStringLiteral("000000000000") || administrador.contains(padre),
+                     qPrintable(item));
             // The maintenance login sees an item only if it sees every folder above it.
-            if (admin && padre != QStringLiteral("000000000000")) QVERIFY2(administrador[padre], qPrintable(item));
+            if (admin && padre != QStringLiteral("000000000000"))
+                QVERIFY2(administrador[padre], qPrintable(item));
             if (!formulario.isEmpty()) {
                 QVERIFY2(kFormularios.contains(formulario), qPrintable(formulario));
                 formularios.insert(formulario);
@@ -45,7 +58,8 @@ private Q_SLOTS:
         }
         QCOMPARE(formularios.size(), kFormularios.size());
         // Without a company, the maintenance login must reach users and companies.
-        Recordset admin = c.open(QStringLiteral("SELECT formulario FROM sysMenus WHERE administrador <> 0"));
+        Recordset admin =
+            c.open(QStringLiteral("SELECT formulario FROM sysMenus WHERE administrador <> 0"));
         QStringList suyos;
         for (; !admin.eof(); admin.moveNext()) suyos << admin.value(0).toString();
         QVERIFY(suyos.contains(QStringLiteral("frmUsuarios")));
@@ -57,14 +71,19 @@ private Q_SLOTS:
         QTest::addColumn<QString>("menus");
         QTest::addColumn<QString>("motivo");
         QTest::newRow("child before parent")
-            << "001001000000 001000000000 0 frmA A\n001000000000 000000000000 0 - B\n" << "carpeta anterior";
+            << "001001000000 001000000000 0 frmA A\n001000000000 000000000000 0 - B\n"
+            << "carpeta anterior";
         QTest::newRow("codes out of order")
-            << "002000000000 000000000000 0 - A\n001000000000 000000000000 0 - B\n" << "orden creciente";
+            << "002000000000 000000000000 0 - A\n001000000000 000000000000 0 - B\n"
+            << "orden creciente";
         QTest::newRow("parent not the code's own")
-            << "001000000000 000000000000 0 - A\n002001000000 001000000000 0 frmB B\n" << "el padre debe ser";
+            << "001000000000 000000000000 0 - A\n002001000000 001000000000 0 frmB B\n"
+            << "el padre debe ser";
         QTest::newRow("parent is a leaf")
-            << "001000000000 000000000000 0 frmA A\n001001000000 001000000000 0 frmB B\n" << "carpeta anterior";
-        QTest::newRow("short code") << "0010 000000000000 0 - A\n" << "formato";
+            << "001000000000 000000000000 0 frmA A\n001001000000 001000000000 0 frmB B\n"
+            << "carpeta anterior";
+        QTest::newRow("short code") << "0010 000000000000 0 - A\n"
+                                    << "formato";
     }
     void fuentesRechazadas() {
         QFETCH(QString, menus);

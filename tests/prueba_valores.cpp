@@ -19,7 +19,8 @@ namespace {
 const QString U = QStringLiteral("PRUEBA");
 
 void tercero(const QString& codigo, const QString& nombre) {
-    Personal::Insert(*sesion_conexion, "E", codigo, nombre, "12345678Z", "", "", "", "", "", "", "", "", U);
+    Personal::Insert(*sesion_conexion, "E", codigo, nombre, "12345678Z", "", "", "", "", "", "", "",
+                     "", U);
 }
 }  // namespace
 
@@ -47,12 +48,18 @@ private Q_SLOTS:
         tercero(texto, "Otro");
         tercero("C3", "Tercero");
         // Stored, found by the lookup and by a filter, and deleted by its code.
-        QCOMPARE(Auxiliar::vBuscarCampo("Personal", "codigo", "nombre = " + sqlTexto(texto), "#").toString(), QStringLiteral("C1"));
-        Recordset filtro = Personal::GetList(*sesion_conexion, "codigo_empresa = 'E' and nombre = " + sqlTexto(texto), {});
+        QCOMPARE(Auxiliar::vBuscarCampo("Personal", "codigo", "nombre = " + sqlTexto(texto), "#")
+                     .toString(),
+                 QStringLiteral("C1"));
+        Recordset filtro = Personal::GetList(
+            *sesion_conexion, "codigo_empresa = 'E' and nombre = " + sqlTexto(texto), {});
         QCOMPARE(filtro.recordCount(), 1);
         QCOMPARE(filtro["nombre"].toString(), texto);
-        Personal::Update(*sesion_conexion, "E", texto, "Cambiado", "X", "", "", "", "", "", "", "", "", U);
-        QCOMPARE(Auxiliar::vBuscarCampo("Personal", "nombre", "codigo = " + sqlTexto(texto)).toString(), QStringLiteral("Cambiado"));
+        Personal::Update(*sesion_conexion, "E", texto, "Cambiado", "X", "", "", "", "", "", "", "",
+                         "", U);
+        QCOMPARE(
+            Auxiliar::vBuscarCampo("Personal", "nombre", "codigo = " + sqlTexto(texto)).toString(),
+            QStringLiteral("Cambiado"));
         Personal::Delete(*sesion_conexion, "E", texto);
         QCOMPARE(filas("Personal"), 2);
     }
@@ -61,21 +68,28 @@ private Q_SLOTS:
     void inyeccionEnElLogin_data() {
         QTest::addColumn<QString>("usuario");
         QTest::addColumn<QString>("clave");
-        QTest::newRow("password or true") << "ANA" << "' OR 'A'='A";
-        QTest::newRow("user or true") << "' OR 'A'='A" << "x";
-        QTest::newRow("comment out the rest") << "ANA' --" << "x";
-        QTest::newRow("company closes the quote") << "ANA" << "CLAVE') OR ('1'='1";
+        QTest::newRow("password or true") << "ANA"
+                                          << "' OR 'A'='A";
+        QTest::newRow("user or true") << "' OR 'A'='A"
+                                      << "x";
+        QTest::newRow("comment out the rest") << "ANA' --"
+                                              << "x";
+        QTest::newRow("company closes the quote") << "ANA"
+                                                  << "CLAVE') OR ('1'='1";
     }
     void inyeccionEnElLogin() {
         QFETCH(QString, usuario);
         QFETCH(QString, clave);
-        Delegaciones::Insert(*sesion_conexion, "E", "E", "Central", "", "", "", "", "", "", "", "", U, false);
+        Delegaciones::Insert(*sesion_conexion, "E", "E", "Central", "", "", "", "", "", "", "", "",
+                             U, false);
         Usuarios::Insert(*sesion_conexion, "", "", "ANA", "CLAVE", U, false);
         UsuariosDelegaciones::Update(*sesion_conexion, "ANA", "E", "E", -1, U);
         QVERIFY(UsuariosDelegaciones::ValidarUsuario(*sesion_conexion, "E", "E", "ANA", "CLAVE"));
         QVERIFY(!UsuariosDelegaciones::ValidarUsuario(*sesion_conexion, "E", "E", usuario, clave));
-        QVERIFY(!UsuariosDelegaciones::ValidarUsuario(*sesion_conexion, "E' OR 'A'='A", "E", usuario, clave));
-        QVERIFY(!UsuariosDelegaciones::ValidarUsuario(*sesion_conexion, "E", "E", "ana", "CLAVE"));  // case counts
+        QVERIFY(!UsuariosDelegaciones::ValidarUsuario(*sesion_conexion, "E' OR 'A'='A", "E",
+                                                      usuario, clave));
+        QVERIFY(!UsuariosDelegaciones::ValidarUsuario(*sesion_conexion, "E", "E", "ana",
+                                                      "CLAVE"));  // case counts
     }
 
     void valoresExtremos_data() {
@@ -84,7 +98,8 @@ private Q_SLOTS:
         QTest::newRow("10 kB") << QString(10240, u'x') << true;
         QTest::newRow("emoji") << QStringLiteral("Frutería 🍊 Ñandú €") << true;
         QTest::newRow("line breaks and tabs") << QStringLiteral("uno\r\ndos\tres") << true;
-        QTest::newRow("NUL") << QStringLiteral("antes") + QChar(u'\0') + QStringLiteral("después") << false;
+        QTest::newRow("NUL") << QStringLiteral("antes") + QChar(u'\0') + QStringLiteral("después")
+                             << false;
     }
     void valoresExtremos() {
         QFETCH(QString, texto);
@@ -93,8 +108,10 @@ private Q_SLOTS:
             tercero("C1", texto);
             QVERIFY2(admitido, "a NUL character was stored");
             QCOMPARE(Personal::GetList(*sesion_conexion, {}, {})["nombre"].toString(), texto);
-            QCOMPARE(Auxiliar::vBuscarCampo("Personal", "codigo", "nombre = " + sqlTexto(texto), "#").toString(),
-                     QStringLiteral("C1"));
+            QCOMPARE(
+                Auxiliar::vBuscarCampo("Personal", "codigo", "nombre = " + sqlTexto(texto), "#")
+                    .toString(),
+                QStringLiteral("C1"));
         } catch (const Error& e) {
             QVERIFY2(!admitido, qPrintable(e.descripcion()));
             QCOMPARE(e.numero(), errores::kInsert);
@@ -103,7 +120,8 @@ private Q_SLOTS:
         }
         // A NUL in a condition is refused too, never cut short.
         if (!admitido)
-            QVERIFY_THROWS_EXCEPTION(Error, Personal::GetList(*sesion_conexion, "nombre = " + sqlTexto(texto), {}));
+            QVERIFY_THROWS_EXCEPTION(
+                Error, Personal::GetList(*sesion_conexion, "nombre = " + sqlTexto(texto), {}));
     }
 
     void blancosFinalesNoCuentan() {
@@ -113,7 +131,8 @@ private Q_SLOTS:
         tercero("C2 ", "Con blanco");
         QCOMPARE(filas("Personal", "codigo = 'C2'"), 1);
         // ... and the blank itself is kept.
-        QCOMPARE(Personal::GetList(*sesion_conexion, "codigo = 'C2'", {})["codigo"].toString(), QStringLiteral("C2 "));
+        QCOMPARE(Personal::GetList(*sesion_conexion, "codigo = 'C2'", {})["codigo"].toString(),
+                 QStringLiteral("C2 "));
     }
 
     void sqlDelSistema() {
@@ -121,40 +140,53 @@ private Q_SLOTS:
         for (const char* cta : {"43000001", "43000002", "40000000", "57200000"})
             cuentas::Insert(c, "E", QString::fromLatin1(cta), "Cuenta", "S", 8, U);
         QCOMPARE(filas("Cuentas", "LEFT(Cuentas.cuenta, 2) = '43'"), 2);
-        Recordset grupos = c.open("SELECT LEFT(cuenta,3) as cuenta, COUNT(*) as n FROM Cuentas GROUP BY LEFT(cuenta,3) ORDER BY 1");
+        Recordset grupos = c.open(
+            "SELECT LEFT(cuenta,3) as cuenta, COUNT(*) as n FROM Cuentas GROUP BY LEFT(cuenta,3) "
+            "ORDER BY 1");
         QCOMPARE(grupos.recordCount(), 3);
         QCOMPARE(grupos["cuenta"].toString(), QStringLiteral("400"));
-        Recordset constantes = c.open("SELECT codigo_empresa, '20260101', 'X' FROM Cuentas GROUP BY 'Y', codigo_empresa, 0, '20260101'");
+        Recordset constantes = c.open(
+            "SELECT codigo_empresa, '20260101', 'X' FROM Cuentas GROUP BY 'Y', codigo_empresa, 0, "
+            "'20260101'");
         QCOMPARE(constantes.recordCount(), 1);
         QCOMPARE(filas("Cuentas", "cuenta LIKE '43%'"), 2);
         QCOMPARE(filas("Cuentas", "cuenta BETWEEN '40000000' AND '43000001'"), 2);
-        Recordset suma = Auxiliar::GetListExt(c, "Cuentas", "codigo_empresa, COUNT(*) as n", "nivel = 8", "codigo_empresa", "", "codigo_empresa");
+        Recordset suma = Auxiliar::GetListExt(c, "Cuentas", "codigo_empresa, COUNT(*) as n",
+                                              "nivel = 8", "codigo_empresa", "", "codigo_empresa");
         QCOMPARE(suma["n"].toInt(), 4);
     }
 
     void busquedaDeUnValor() {
         cuentas::Insert(*sesion_conexion, "E", "43000001", "Clientes", "S", 8, U);
         // A qualified field read by its alias; a missing row or a Null gives the default.
-        QCOMPARE(Auxiliar::vBuscarCampo("Cuentas", "Cuentas.descripcion AS descripcion", "cuenta = '43000001'").toString(),
+        QCOMPARE(Auxiliar::vBuscarCampo("Cuentas", "Cuentas.descripcion AS descripcion",
+                                        "cuenta = '43000001'")
+                     .toString(),
                  QStringLiteral("Clientes"));
-        QCOMPARE(Auxiliar::vBuscarCampo("Cuentas", "descripcion", "cuenta = 'X'", "#").toString(), QStringLiteral("#"));
+        QCOMPARE(Auxiliar::vBuscarCampo("Cuentas", "descripcion", "cuenta = 'X'", "#").toString(),
+                 QStringLiteral("#"));
         QVERIFY(!Auxiliar::vBuscarCampo("Cuentas", "descripcion", "cuenta = 'X'").isValid());
-        QCOMPARE(Auxiliar::vBuscarCampo("Cuentas", "SUM(nivel) AS total", "cuenta = 'X'", 0).toInt(), 0);
+        QCOMPARE(
+            Auxiliar::vBuscarCampo("Cuentas", "SUM(nivel) AS total", "cuenta = 'X'", 0).toInt(), 0);
 
         // The lookup's own connection sees only what is committed.
         sesion_conexion->beginTrans();
         cuentas::Insert(*sesion_conexion, "E", "57200000", "Bancos", "S", 8, U);
-        QCOMPARE(Auxiliar::vBuscarCampo("Cuentas", "descripcion", "cuenta = '57200000'", "#").toString(), QStringLiteral("#"));
+        QCOMPARE(
+            Auxiliar::vBuscarCampo("Cuentas", "descripcion", "cuenta = '57200000'", "#").toString(),
+            QStringLiteral("#"));
         sesion_conexion->commitTrans();
-        QCOMPARE(Auxiliar::vBuscarCampo("Cuentas", "descripcion", "cuenta = '57200000'", "#").toString(), QStringLiteral("Bancos"));
+        QCOMPARE(
+            Auxiliar::vBuscarCampo("Cuentas", "descripcion", "cuenta = '57200000'", "#").toString(),
+            QStringLiteral("Bancos"));
     }
 
     void importesExactos() {
         const double importes[] = {0.1, 121.21, 1e-14, 5.6843418860808e-14, 1234567.89, -0.01};
         int n = 1;
         for (double importe : importes)
-            Apuntes::Insert(*sesion_conexion, "E", "E", "FAC", "F1", n++, "G", "01/02/2026", "01/02/2026", "", "43000000", "",
-                            importe, 0, "P", "", U);
+            Apuntes::Insert(*sesion_conexion, "E", "E", "FAC", "F1", n++, "G", "01/02/2026",
+                            "01/02/2026", "", "43000000", "", importe, 0, "P", "", U);
         Recordset rs = Apuntes::GetList(*sesion_conexion, {}, "numero_apunte");
         for (double importe : importes) {
             QCOMPARE(rs["debe"].toDouble(), importe);
@@ -173,7 +205,8 @@ private Q_SLOTS:
         }  // not committed: only the inner work is undone
         QCOMPARE(filas("Personal"), 1);
         exterior.commit();
-        QCOMPARE(Auxiliar::vBuscarCampo("Personal", "nombre", "codigo = 'C1'", "#").toString(), QStringLiteral("Queda"));
+        QCOMPARE(Auxiliar::vBuscarCampo("Personal", "nombre", "codigo = 'C1'", "#").toString(),
+                 QStringLiteral("Queda"));
     }
 };
 

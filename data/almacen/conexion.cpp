@@ -14,13 +14,18 @@ QString nombreNuevo() {
     return QStringLiteral("saldeva-%1").arg(contador.fetchAndAddRelaxed(1));
 }
 
-QString aTexto(std::string_view s) { return QString::fromUtf8(s.data(), qsizetype(s.size())); }
+QString aTexto(std::string_view s) {
+    return QString::fromUtf8(s.data(), qsizetype(s.size()));
+}
 
 // A NUL character would end the statement's text early inside the drivers; such a value is
 // refused rather than cut.
-bool tieneNul(const QString& texto) { return texto.contains(QChar(u'\0')); }
+bool tieneNul(const QString& texto) {
+    return texto.contains(QChar(u'\0'));
+}
 
-const QString kNul = QStringLiteral("El texto contiene un carácter nulo (NUL), que no se puede guardar.");
+const QString kNul =
+    QStringLiteral("El texto contiene un carácter nulo (NUL), que no se puede guardar.");
 
 // The store's text, preceded by what it means for a bookkeeper where that is clear.
 QString explicar(const QSqlError& error, Proveedor proveedor) {
@@ -95,7 +100,9 @@ void Conexion::abrirPostgres(const DescripcionAlmacen& d) {
     if (d.soloLectura) ejecutarDirecto(QStringLiteral("SET default_transaction_read_only TO on"));
 }
 
-void Conexion::ejecutarDirecto(const QString& sql) { consultaDirecta(sql); }
+void Conexion::ejecutarDirecto(const QString& sql) {
+    consultaDirecta(sql);
+}
 
 QSqlQuery Conexion::consultaDirecta(const QString& sql) {
     QSqlQuery q(db_);
@@ -121,8 +128,8 @@ Recordset Conexion::open(const QString& sql, Cursor cursor) {
         // a cursor of the server lets the walk and other statements take turns.
         static QAtomicInt cursores;
         const QString nombre = QStringLiteral("lectura%1").arg(cursores.fetchAndAddRelaxed(1));
-        consultaDirecta(QStringLiteral("DECLARE ") + nombre + QStringLiteral(" NO SCROLL CURSOR WITH HOLD FOR ") +
-                        traducido);
+        consultaDirecta(QStringLiteral("DECLARE ") + nombre +
+                        QStringLiteral(" NO SCROLL CURSOR WITH HOLD FOR ") + traducido);
         return Recordset(this, traducido, nombre);
     }
     QSqlQuery q(db_);
@@ -145,8 +152,8 @@ void Conexion::insertar(const QString& tabla, const QStringList& columnas,
     QStringList marcas;
     marcas.fill(QStringLiteral("?"), columnas.size());
     QSqlQuery& q = preparada(QStringLiteral("INSERT INTO ") + tabla + QStringLiteral(" (") +
-                            columnas.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") +
-                            marcas.join(QStringLiteral(", ")) + u')');
+                             columnas.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") +
+                             marcas.join(QStringLiteral(", ")) + u')');
     for (qsizetype i = 0; i < valores.size(); ++i) {
         if (valores[i].typeId() == QMetaType::QString && tieneNul(valores[i].toString()))
             fallarTexto(kNul);
@@ -180,8 +187,9 @@ void Conexion::beginTrans() {
     if (nivel_ == 0) {
         // SQLite: take the write lock now, so that a transaction never fails half-way
         // because another process wrote since it began to read.
-        ejecutarDirecto(dialecto_.proveedor() == Proveedor::SQLite ? QStringLiteral("BEGIN IMMEDIATE")
-                                                                  : QStringLiteral("BEGIN"));
+        ejecutarDirecto(dialecto_.proveedor() == Proveedor::SQLite
+                            ? QStringLiteral("BEGIN IMMEDIATE")
+                            : QStringLiteral("BEGIN"));
     } else {
         ejecutarDirecto(QStringLiteral("SAVEPOINT nivel%1").arg(nivel_));
     }
@@ -217,9 +225,12 @@ void Conexion::asegurarEsquema(esquema::Almacen almacen) {
     QSqlQuery q(db_);
     const QString existentes =
         dialecto_.proveedor() == Proveedor::SQLite
-            ? QStringLiteral("SELECT lower(name) FROM sqlite_master WHERE type IN ('table', 'index')")
-            : QStringLiteral("SELECT lower(tablename) FROM pg_tables WHERE schemaname = current_schema() "
-                             "UNION SELECT lower(indexname) FROM pg_indexes WHERE schemaname = current_schema()");
+            ? QStringLiteral(
+                  "SELECT lower(name) FROM sqlite_master WHERE type IN ('table', 'index')")
+            : QStringLiteral(
+                  "SELECT lower(tablename) FROM pg_tables WHERE schemaname = current_schema() "
+                  "UNION SELECT lower(indexname) FROM pg_indexes WHERE schemaname = "
+                  "current_schema()");
     if (!q.exec(existentes)) fallar(q.lastError(), existentes);
     QSet<QString> nombres;
     while (q.next()) nombres.insert(q.value(0).toString());
@@ -227,7 +238,8 @@ void Conexion::asegurarEsquema(esquema::Almacen almacen) {
 
     QStringList sentencias;
     for (const esquema::Tabla* tabla : esquema::tablas(almacen))
-        if (!nombres.contains(aTexto(tabla->nombre).toLower())) sentencias << dialecto_.crearTabla(*tabla);
+        if (!nombres.contains(aTexto(tabla->nombre).toLower()))
+            sentencias << dialecto_.crearTabla(*tabla);
     if (almacen == esquema::Almacen::Principal)
         for (const esquema::Indice& indice : esquema::indices())
             if (!nombres.contains(aTexto(indice.nombre).toLower()))

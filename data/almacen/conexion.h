@@ -5,12 +5,12 @@
 #include "recordset.h"
 
 #include <QHash>
-#include <memory>
-#include <unordered_map>
 #include <QSqlDatabase>
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
+#include <memory>
+#include <unordered_map>
 
 struct DescripcionAlmacen;
 class QSqlError;

@@ -4,7 +4,9 @@
 
 namespace {
 
-QString aTexto(std::string_view s) { return QString::fromUtf8(s.data(), qsizetype(s.size())); }
+QString aTexto(std::string_view s) {
+    return QString::fromUtf8(s.data(), qsizetype(s.size()));
+}
 
 // Index of the parenthesis that closes the one opened just before `desde`, or -1.
 qsizetype cierreParentesis(const QString& mascara, qsizetype desde) {
@@ -22,24 +24,27 @@ QList<qsizetype> comasPrincipales(const QString& mascara, qsizetype desde, qsize
     int nivel = 0;
     for (qsizetype i = desde; i < hasta; ++i) {
         const QChar c = mascara[i];
-        if (c == u'(') ++nivel;
-        else if (c == u')') --nivel;
-        else if (c == u',' && nivel == 0) comas.append(i);
+        if (c == u'(')
+            ++nivel;
+        else if (c == u')')
+            --nivel;
+        else if (c == u',' && nivel == 0)
+            comas.append(i);
     }
     return comas;
 }
 
 QString traducirDeleteJoin(const QString& sql) {
     static const QRegularExpression patron(
-        QStringLiteral(R"(^\s*DELETE\s+(\w+)\.\*\s+FROM\s+(\w+)\s+INNER\s+JOIN\s+(\w+)\s+ON\s+(.*?)\s+WHERE\s+(.*)$)"),
+        QStringLiteral(
+            R"(^\s*DELETE\s+(\w+)\.\*\s+FROM\s+(\w+)\s+INNER\s+JOIN\s+(\w+)\s+ON\s+(.*?)\s+WHERE\s+(.*)$)"),
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     const QRegularExpressionMatch m = patron.match(mascaraLiterales(sql));
-    if (!m.hasMatch() || m.captured(1).compare(m.captured(3), Qt::CaseInsensitive) != 0)
-        return sql;
+    if (!m.hasMatch() || m.captured(1).compare(m.captured(3), Qt::CaseInsensitive) != 0) return sql;
     auto trozo = [&](int n) { return sql.mid(m.capturedStart(n), m.capturedLength(n)); };
-    return QStringLiteral("DELETE FROM ") + trozo(3) + QStringLiteral(" WHERE EXISTS (SELECT 1 FROM ") +
-           trozo(2) + QStringLiteral(" WHERE ") + trozo(4) + QStringLiteral(" AND (") + trozo(5) +
-           QStringLiteral("))");
+    return QStringLiteral("DELETE FROM ") + trozo(3) +
+           QStringLiteral(" WHERE EXISTS (SELECT 1 FROM ") + trozo(2) + QStringLiteral(" WHERE ") +
+           trozo(4) + QStringLiteral(" AND (") + trozo(5) + QStringLiteral("))");
 }
 
 QString traducirLeft(QString sql) {
@@ -66,7 +71,8 @@ QString traducirLeft(QString sql) {
 bool esConstante(const QString& termino) {
     static const QRegularExpression numero(QStringLiteral(R"(^[+-]?\d+(\.\d+)?$)"));
     const QString t = termino.trimmed();
-    return (t.size() >= 2 && t.startsWith(u'\'') && t.endsWith(u'\'')) || numero.match(t).hasMatch();
+    return (t.size() >= 2 && t.startsWith(u'\'') && t.endsWith(u'\'')) ||
+           numero.match(t).hasMatch();
 }
 
 QString traducirGroupBy(QString sql) {
@@ -143,10 +149,14 @@ QString Dialecto::tipo(esquema::Tipo t) const {
         case esquema::Tipo::Texto:
         case esquema::Tipo::Fecha:
             // Both compare without trailing blanks and in the order of the code points.
-            return pg ? QStringLiteral("bpchar COLLATE \"C\"") : QStringLiteral("TEXT COLLATE RTRIM");
-        case esquema::Tipo::Entero16: return pg ? QStringLiteral("smallint") : QStringLiteral("INTEGER");
-        case esquema::Tipo::Entero32: return QStringLiteral("INTEGER");
-        case esquema::Tipo::Doble: return pg ? QStringLiteral("double precision") : QStringLiteral("REAL");
+            return pg ? QStringLiteral("bpchar COLLATE \"C\"")
+                      : QStringLiteral("TEXT COLLATE RTRIM");
+        case esquema::Tipo::Entero16:
+            return pg ? QStringLiteral("smallint") : QStringLiteral("INTEGER");
+        case esquema::Tipo::Entero32:
+            return QStringLiteral("INTEGER");
+        case esquema::Tipo::Doble:
+            return pg ? QStringLiteral("double precision") : QStringLiteral("REAL");
     }
     return {};
 }
@@ -169,13 +179,14 @@ QString Dialecto::crearTabla(const esquema::Tabla& tabla) const {
     }
     if (!clave.isEmpty())
         columnas.append(QStringLiteral("PRIMARY KEY (") + clave.join(QStringLiteral(", ")) + u')');
-    return QStringLiteral("CREATE TABLE IF NOT EXISTS ") + aTexto(tabla.nombre) + QStringLiteral(" (") +
-           columnas.join(QStringLiteral(", ")) + u')';
+    return QStringLiteral("CREATE TABLE IF NOT EXISTS ") + aTexto(tabla.nombre) +
+           QStringLiteral(" (") + columnas.join(QStringLiteral(", ")) + u')';
 }
 
 QString Dialecto::crearIndice(const esquema::Indice& indice) const {
     QStringList columnas;
     for (std::string_view c : indice.columnas) columnas.append(aTexto(c));
-    return QStringLiteral("CREATE INDEX IF NOT EXISTS ") + aTexto(indice.nombre) + QStringLiteral(" ON ") +
-           aTexto(indice.tabla) + QStringLiteral(" (") + columnas.join(QStringLiteral(", ")) + u')';
+    return QStringLiteral("CREATE INDEX IF NOT EXISTS ") + aTexto(indice.nombre) +
+           QStringLiteral(" ON ") + aTexto(indice.tabla) + QStringLiteral(" (") +
+           columnas.join(QStringLiteral(", ")) + u')';
 }

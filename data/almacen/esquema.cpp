@@ -7,16 +7,31 @@ using T = Tipo;
 constexpr bool K = true;
 
 constexpr Columna kEmpresas[] = {
-    {"codigo_empresa", T::Texto, K}, {"nif", T::Texto},      {"nombre", T::Texto},
-    {"direccion", T::Texto},         {"cp", T::Texto},       {"poblacion", T::Texto},
-    {"provincia", T::Texto},         {"pais", T::Texto},     {"telefono", T::Texto},
-    {"fax", T::Texto},               {"correo", T::Texto},   {"digitos", T::Entero16},
+    {"codigo_empresa", T::Texto, K},
+    {"nif", T::Texto},
+    {"nombre", T::Texto},
+    {"direccion", T::Texto},
+    {"cp", T::Texto},
+    {"poblacion", T::Texto},
+    {"provincia", T::Texto},
+    {"pais", T::Texto},
+    {"telefono", T::Texto},
+    {"fax", T::Texto},
+    {"correo", T::Texto},
+    {"digitos", T::Entero16},
 };
 constexpr Columna kDelegaciones[] = {
-    {"codigo_empresa", T::Texto, K}, {"codigo_delegacion", T::Texto, K}, {"nombre", T::Texto},
-    {"direccion", T::Texto},         {"cp", T::Texto},                   {"poblacion", T::Texto},
-    {"provincia", T::Texto},         {"pais", T::Texto},                 {"telefono", T::Texto},
-    {"fax", T::Texto},               {"correo", T::Texto},
+    {"codigo_empresa", T::Texto, K},
+    {"codigo_delegacion", T::Texto, K},
+    {"nombre", T::Texto},
+    {"direccion", T::Texto},
+    {"cp", T::Texto},
+    {"poblacion", T::Texto},
+    {"provincia", T::Texto},
+    {"pais", T::Texto},
+    {"telefono", T::Texto},
+    {"fax", T::Texto},
+    {"correo", T::Texto},
 };
 constexpr Columna kUsuarios[] = {{"codigo_usuario", T::Texto, K}, {"contraseña", T::Texto}};
 constexpr Columna kUsuariosDelegaciones[] = {
@@ -35,14 +50,19 @@ constexpr Columna kNumeraciones[] = {
     {"longitud", T::Entero16},       {"numero", T::Entero32},       {"descripcion", T::Texto},
 };
 constexpr Columna kCuentas[] = {
-    {"codigo_empresa", T::Texto, K}, {"cuenta", T::Texto, K}, {"descripcion", T::Texto},
-    {"pases", T::Texto},             {"nivel", T::Entero16},
+    {"codigo_empresa", T::Texto, K}, {"cuenta", T::Texto, K},
+    {"descripcion", T::Texto},       {"pases", T::Texto},
+    {"nivel", T::Entero16},
 };
 constexpr Columna kDocumentos[] = {
-    {"codigo_empresa", T::Texto, K}, {"codigo_documento", T::Texto, K},
-    {"descripcion", T::Texto},       {"partida", T::Texto},
-    {"iva", T::Texto},               {"cartera", T::Texto},
-    {"numeracion", T::Texto},        {"identificador", T::Texto},
+    {"codigo_empresa", T::Texto, K},
+    {"codigo_documento", T::Texto, K},
+    {"descripcion", T::Texto},
+    {"partida", T::Texto},
+    {"iva", T::Texto},
+    {"cartera", T::Texto},
+    {"numeracion", T::Texto},
+    {"identificador", T::Texto},
 };
 constexpr Columna kDiarios[] = {
     {"codigo_empresa", T::Texto, K}, {"codigo_diario", T::Texto, K}, {"descripcion", T::Texto}};
@@ -52,76 +72,124 @@ constexpr Columna kImpuestos[] = {
     {"descripcion", T::Texto},       {"tipo", T::Texto},
 };
 constexpr Columna kIrpf[] = {
-    {"codigo_empresa", T::Texto, K}, {"codigo", T::Texto, K}, {"cuenta", T::Texto},
+    {"codigo_empresa", T::Texto, K}, {"codigo", T::Texto, K},   {"cuenta", T::Texto},
     {"pct_irpf", T::Doble},          {"descripcion", T::Texto},
 };
 constexpr Columna kFormasPagos[] = {
-    {"codigo_empresa", T::Texto, K}, {"codigo_pago", T::Texto, K}, {"descripcion", T::Texto},
-    {"vto1", T::Texto},              {"pct1", T::Doble},           {"vto2", T::Texto},
-    {"pct2", T::Doble},              {"vto3", T::Texto},           {"pct3", T::Doble},
-    {"vto4", T::Texto},              {"pct4", T::Doble},
+    {"codigo_empresa", T::Texto, K},
+    {"codigo_pago", T::Texto, K},
+    {"descripcion", T::Texto},
+    {"vto1", T::Texto},
+    {"pct1", T::Doble},
+    {"vto2", T::Texto},
+    {"pct2", T::Doble},
+    {"vto3", T::Texto},
+    {"pct3", T::Doble},
+    {"vto4", T::Texto},
+    {"pct4", T::Doble},
 };
 constexpr Columna kPersonal[] = {
-    {"codigo_empresa", T::Texto, K}, {"codigo", T::Texto, K}, {"nombre", T::Texto},
-    {"nif", T::Texto},               {"direccion", T::Texto}, {"poblacion", T::Texto},
-    {"cp", T::Texto},                {"provincia", T::Texto}, {"pais", T::Texto},
-    {"telefono", T::Texto},          {"fax", T::Texto},       {"email", T::Texto},
+    {"codigo_empresa", T::Texto, K},
+    {"codigo", T::Texto, K},
+    {"nombre", T::Texto},
+    {"nif", T::Texto},
+    {"direccion", T::Texto},
+    {"poblacion", T::Texto},
+    {"cp", T::Texto},
+    {"provincia", T::Texto},
+    {"pais", T::Texto},
+    {"telefono", T::Texto},
+    {"fax", T::Texto},
+    {"email", T::Texto},
 };
 constexpr Columna kAcrdeu[] = {
-    {"codigo_empresa", T::Texto, K}, {"cuenta", T::Texto, K},   {"codigo", T::Texto, K},
-    {"tipo", T::Texto},              {"nacionalidad", T::Texto}, {"impuesto", T::Texto},
-    {"forma_pago", T::Texto},        {"primer_dia", T::Entero16}, {"descuento", T::Doble},
-    {"irpf", T::Texto},              {"contrapartida", T::Texto},
+    {"codigo_empresa", T::Texto, K}, {"cuenta", T::Texto, K},
+    {"codigo", T::Texto, K},         {"tipo", T::Texto},
+    {"nacionalidad", T::Texto},      {"impuesto", T::Texto},
+    {"forma_pago", T::Texto},        {"primer_dia", T::Entero16},
+    {"descuento", T::Doble},         {"irpf", T::Texto},
+    {"contrapartida", T::Texto},
 };
 constexpr Columna kApuntes[] = {
-    {"codigo_empresa", T::Texto, K},   {"codigo_delegacion", T::Texto, K},
-    {"codigo_documento", T::Texto, K}, {"numero_documento", T::Texto, K},
-    {"numero_apunte", T::Entero16, K}, {"codigo_diario", T::Texto},
-    {"fecha_apunte", T::Fecha},        {"fecha_documento", T::Fecha},
-    {"referencia", T::Texto},          {"cuenta", T::Texto},
-    {"concepto", T::Texto},            {"debe", T::Doble},
-    {"haber", T::Doble},               {"tipo", T::Texto},
+    {"codigo_empresa", T::Texto, K},
+    {"codigo_delegacion", T::Texto, K},
+    {"codigo_documento", T::Texto, K},
+    {"numero_documento", T::Texto, K},
+    {"numero_apunte", T::Entero16, K},
+    {"codigo_diario", T::Texto},
+    {"fecha_apunte", T::Fecha},
+    {"fecha_documento", T::Fecha},
+    {"referencia", T::Texto},
+    {"cuenta", T::Texto},
+    {"concepto", T::Texto},
+    {"debe", T::Doble},
+    {"haber", T::Doble},
+    {"tipo", T::Texto},
     {"tag", T::Texto},
 };
 constexpr Columna kCartera[] = {
-    {"codigo_empresa", T::Texto, K},   {"codigo_delegacion", T::Texto, K},
-    {"codigo_documento", T::Texto, K}, {"numero_documento", T::Texto, K},
-    {"numero_apunte", T::Entero16, K}, {"fecha_vto", T::Fecha, K},
-    {"tipo_acrdeu", T::Texto},         {"codigo_personal", T::Texto},
-    {"concepto", T::Texto},            {"tipo", T::Texto},
-    {"estado", T::Texto},              {"importe", T::Doble},
-    {"fecha_cierre", T::Fecha},        {"codigo_documento_cierre", T::Texto},
+    {"codigo_empresa", T::Texto, K},
+    {"codigo_delegacion", T::Texto, K},
+    {"codigo_documento", T::Texto, K},
+    {"numero_documento", T::Texto, K},
+    {"numero_apunte", T::Entero16, K},
+    {"fecha_vto", T::Fecha, K},
+    {"tipo_acrdeu", T::Texto},
+    {"codigo_personal", T::Texto},
+    {"concepto", T::Texto},
+    {"tipo", T::Texto},
+    {"estado", T::Texto},
+    {"importe", T::Doble},
+    {"fecha_cierre", T::Fecha},
+    {"codigo_documento_cierre", T::Texto},
     {"numero_documento_cierre", T::Texto},
 };
 constexpr Columna kRegistroIva[] = {
-    {"codigo_empresa", T::Texto, K},   {"codigo_delegacion", T::Texto, K},
-    {"codigo_documento", T::Texto, K}, {"numero_documento", T::Texto, K},
-    {"numero_apunte", T::Entero16, K}, {"tipo", T::Texto},
-    {"tipo_acrdeu", T::Texto},         {"codigo_personal", T::Texto},
-    {"impuesto", T::Texto},            {"base", T::Doble},
-    {"pctiva", T::Doble},              {"iva", T::Doble},
-    {"pctre", T::Doble},               {"re", T::Doble},
+    {"codigo_empresa", T::Texto, K},
+    {"codigo_delegacion", T::Texto, K},
+    {"codigo_documento", T::Texto, K},
+    {"numero_documento", T::Texto, K},
+    {"numero_apunte", T::Entero16, K},
+    {"tipo", T::Texto},
+    {"tipo_acrdeu", T::Texto},
+    {"codigo_personal", T::Texto},
+    {"impuesto", T::Texto},
+    {"base", T::Doble},
+    {"pctiva", T::Doble},
+    {"iva", T::Doble},
+    {"pctre", T::Doble},
+    {"re", T::Doble},
 };
 constexpr Columna kRegistroIrpf[] = {
-    {"codigo_empresa", T::Texto, K},   {"codigo_delegacion", T::Texto, K},
-    {"codigo_documento", T::Texto, K}, {"numero_documento", T::Texto, K},
-    {"numero_apunte", T::Entero16, K}, {"tipo_acrdeu", T::Texto},
-    {"codigo_personal", T::Texto},     {"codigo_irpf", T::Texto},
-    {"base", T::Doble},                {"pctirpf", T::Doble},
+    {"codigo_empresa", T::Texto, K},
+    {"codigo_delegacion", T::Texto, K},
+    {"codigo_documento", T::Texto, K},
+    {"numero_documento", T::Texto, K},
+    {"numero_apunte", T::Entero16, K},
+    {"tipo_acrdeu", T::Texto},
+    {"codigo_personal", T::Texto},
+    {"codigo_irpf", T::Texto},
+    {"base", T::Doble},
+    {"pctirpf", T::Doble},
     {"irpf", T::Doble},
 };
 constexpr Columna kSituacion[] = {
-    {"codigo_empresa", T::Texto, K}, {"ap", T::Texto, K},      {"nivel_1", T::Entero16, K},
+    {"codigo_empresa", T::Texto, K}, {"ap", T::Texto, K},         {"nivel_1", T::Entero16, K},
     {"nivel_2", T::Entero16, K},     {"nivel_3", T::Entero16, K}, {"titulo", T::Texto},
     {"cuentas", T::Texto},
 };
 constexpr Columna kPergan[] = {
-    {"codigo_empresa", T::Texto, K}, {"dh", T::Texto, K},          {"nivel_1", T::Entero16, K},
-    {"nivel_2", T::Entero16, K},     {"nivel_3", T::Entero16, K},  {"nivel_4", T::Entero16, K},
-    {"titulo", T::Texto},            {"cuentas", T::Texto},
+    {"codigo_empresa", T::Texto, K},
+    {"dh", T::Texto, K},
+    {"nivel_1", T::Entero16, K},
+    {"nivel_2", T::Entero16, K},
+    {"nivel_3", T::Entero16, K},
+    {"nivel_4", T::Entero16, K},
+    {"titulo", T::Texto},
+    {"cuentas", T::Texto},
 };
 constexpr Columna kMenus[] = {
-    {"item_menu", T::Texto, K}, {"item_padre", T::Texto},     {"descripcion", T::Texto},
+    {"item_menu", T::Texto, K}, {"item_padre", T::Texto},       {"descripcion", T::Texto},
     {"formulario", T::Texto},   {"administrador", T::Entero16}, {"activo", T::Entero16},
 };
 constexpr Columna kRestricciones[] = {
@@ -138,8 +206,8 @@ constexpr Columna kSysMenus[] = {
 constexpr Columna kSysPlanContable[] = {
     {"cuenta", T::Texto, K}, {"titulo", T::Texto}, {"nivel", T::Entero16}};
 constexpr Columna kSysSituacion[] = {
-    {"ap", T::Texto, K},          {"nivel_1", T::Entero16, K}, {"nivel_2", T::Entero16, K},
-    {"nivel_3", T::Entero16, K},  {"titulo", T::Texto},        {"cuentas", T::Texto},
+    {"ap", T::Texto, K},         {"nivel_1", T::Entero16, K}, {"nivel_2", T::Entero16, K},
+    {"nivel_3", T::Entero16, K}, {"titulo", T::Texto},        {"cuentas", T::Texto},
 };
 constexpr Columna kSysPergan[] = {
     {"dh", T::Texto, K},         {"nivel_1", T::Entero16, K}, {"nivel_2", T::Entero16, K},
@@ -150,15 +218,26 @@ constexpr Columna kSysPergan[] = {
 // Temporary store: the last report's rows; no keys. Amounts default to zero, as a report
 // line may leave them unset and later passes still add them up.
 constexpr Columna kExtractos[] = {
-    {"cuenta", T::Texto},        {"codigo_diario", T::Texto},  {"fecha_apunte", T::Texto},
-    {"numero_documento", T::Texto}, {"numero_apunte", T::Entero32}, {"concepto", T::Texto},
-    {"debe", T::Doble},          {"haber", T::Doble},          {"saldo_anterior", T::Doble},
+    {"cuenta", T::Texto},
+    {"codigo_diario", T::Texto},
+    {"fecha_apunte", T::Texto},
+    {"numero_documento", T::Texto},
+    {"numero_apunte", T::Entero32},
+    {"concepto", T::Texto},
+    {"debe", T::Doble},
+    {"haber", T::Doble},
+    {"saldo_anterior", T::Doble},
     {"titulo", T::Texto},
 };
 constexpr Columna kLibroDiario[] = {
-    {"fecha_apunte", T::Texto}, {"numero_documento", T::Texto}, {"numero_apunte", T::Entero32},
-    {"cuenta", T::Texto},       {"titulo", T::Texto},           {"concepto", T::Texto},
-    {"debe", T::Doble},         {"haber", T::Doble},
+    {"fecha_apunte", T::Texto},
+    {"numero_documento", T::Texto},
+    {"numero_apunte", T::Entero32},
+    {"cuenta", T::Texto},
+    {"titulo", T::Texto},
+    {"concepto", T::Texto},
+    {"debe", T::Doble},
+    {"haber", T::Doble},
 };
 constexpr Columna kSumasSaldos[] = {
     {"cuenta", T::Texto},         {"titulo", T::Texto}, {"nivel", T::Entero32},
@@ -166,9 +245,9 @@ constexpr Columna kSumasSaldos[] = {
     {"mostrar", T::Texto},
 };
 constexpr Columna kBalanceSituacion[] = {
-    {"ap", T::Texto},      {"nivel_1", T::Entero32}, {"nivel_2", T::Entero32},
-    {"nivel_3", T::Entero32}, {"titulo", T::Texto},  {"cuentas", T::Texto},
-    {"saldo", T::Doble},   {"saldo_ant", T::Doble},
+    {"ap", T::Texto},         {"nivel_1", T::Entero32}, {"nivel_2", T::Entero32},
+    {"nivel_3", T::Entero32}, {"titulo", T::Texto},     {"cuentas", T::Texto},
+    {"saldo", T::Doble},      {"saldo_ant", T::Doble},
 };
 constexpr Columna kBalancePyG[] = {
     {"dh", T::Texto},         {"nivel_1", T::Entero32}, {"nivel_2", T::Entero32},
@@ -176,20 +255,26 @@ constexpr Columna kBalancePyG[] = {
     {"cuentas", T::Texto},    {"saldo", T::Doble},      {"saldo_ant", T::Doble},
 };
 constexpr Columna kLibroIva[] = {
-    {"tipo", T::Texto}, {"numero_documento", T::Texto}, {"fecha_documento", T::Texto},
-    {"nif", T::Texto},  {"nombre", T::Texto},           {"base", T::Doble},
-    {"pctiva", T::Doble}, {"iva", T::Doble},            {"pctre", T::Doble},
+    {"tipo", T::Texto},
+    {"numero_documento", T::Texto},
+    {"fecha_documento", T::Texto},
+    {"nif", T::Texto},
+    {"nombre", T::Texto},
+    {"base", T::Doble},
+    {"pctiva", T::Doble},
+    {"iva", T::Doble},
+    {"pctre", T::Doble},
     {"re", T::Doble},
 };
 constexpr Columna kOperacionesTerceros[] = {
-    {"tipo", T::Texto},      {"nif", T::Texto}, {"nombre", T::Texto}, {"direccion", T::Texto},
+    {"tipo", T::Texto},      {"nif", T::Texto}, {"nombre", T::Texto},  {"direccion", T::Texto},
     {"poblacion", T::Texto}, {"cp", T::Texto},  {"importe", T::Doble},
 };
 
 constexpr std::string_view kApuntesCuenta[] = {"codigo_empresa", "cuenta", "fecha_apunte"};
 constexpr std::string_view kApuntesFecha[] = {"codigo_empresa", "fecha_apunte"};
-constexpr std::string_view kCarteraPersonal[] = {"codigo_empresa", "tipo_acrdeu",
-                                                 "codigo_personal", "estado"};
+constexpr std::string_view kCarteraPersonal[] = {"codigo_empresa", "tipo_acrdeu", "codigo_personal",
+                                                 "estado"};
 constexpr std::string_view kRegistroIvaPersonal[] = {"codigo_empresa", "codigo_personal"};
 
 constexpr Indice kIndices[] = {
@@ -243,24 +328,36 @@ const Tabla OperacionesTerceros{"OperacionesTerceros", kOperacionesTerceros, fal
 
 std::span<const Tabla* const> tablas(Almacen almacen) {
     static const Tabla* const principal[] = {
-        &Empresas, &Delegaciones, &Usuarios,   &UsuariosDelegaciones, &Ejercicios,
-        &Numeraciones, &Cuentas,  &Documentos, &Diarios,   &Impuestos,  &Irpf,
-        &FormasPagos, &Personal,  &Acrdeu,     &Apuntes,   &Cartera,    &RegistroIva,
-        &RegistroIrpf, &Situacion, &Pergan,    &Menus,     &RestriccionesUsuariosMenus,
+        &Empresas,    &Delegaciones,
+        &Usuarios,    &UsuariosDelegaciones,
+        &Ejercicios,  &Numeraciones,
+        &Cuentas,     &Documentos,
+        &Diarios,     &Impuestos,
+        &Irpf,        &FormasPagos,
+        &Personal,    &Acrdeu,
+        &Apuntes,     &Cartera,
+        &RegistroIva, &RegistroIrpf,
+        &Situacion,   &Pergan,
+        &Menus,       &RestriccionesUsuariosMenus,
     };
     static const Tabla* const plantilla[] = {&sysMenus, &sysPlanContable, &sysSituacion,
                                              &sysPergan};
-    static const Tabla* const temporal[] = {&Extractos,  &LibroDiario, &SumasSaldos,
-                                            &BalanceSituacion, &BalancePyG, &LibroIva,
+    static const Tabla* const temporal[] = {&Extractos,          &LibroDiario, &SumasSaldos,
+                                            &BalanceSituacion,   &BalancePyG,  &LibroIva,
                                             &OperacionesTerceros};
     switch (almacen) {
-        case Almacen::Principal: return principal;
-        case Almacen::Plantilla: return plantilla;
-        case Almacen::Temporal: return temporal;
+        case Almacen::Principal:
+            return principal;
+        case Almacen::Plantilla:
+            return plantilla;
+        case Almacen::Temporal:
+            return temporal;
     }
     return {};
 }
 
-std::span<const Indice> indices() { return kIndices; }
+std::span<const Indice> indices() {
+    return kIndices;
+}
 
 }  // namespace esquema

@@ -38,10 +38,9 @@ struct Indice {
     std::span<const std::string_view> columnas;
 };
 
-extern const Tabla Empresas, Delegaciones, Usuarios, UsuariosDelegaciones, Ejercicios,
-    Numeraciones, Cuentas, Documentos, Diarios, Impuestos, Irpf, FormasPagos, Personal, Acrdeu,
-    Apuntes, Cartera, RegistroIva, RegistroIrpf, Situacion, Pergan, Menus,
-    RestriccionesUsuariosMenus;
+extern const Tabla Empresas, Delegaciones, Usuarios, UsuariosDelegaciones, Ejercicios, Numeraciones,
+    Cuentas, Documentos, Diarios, Impuestos, Irpf, FormasPagos, Personal, Acrdeu, Apuntes, Cartera,
+    RegistroIva, RegistroIrpf, Situacion, Pergan, Menus, RestriccionesUsuariosMenus;
 extern const Tabla sysMenus, sysPlanContable, sysSituacion, sysPergan;
 extern const Tabla Extractos, LibroDiario, SumasSaldos, BalanceSituacion, BalancePyG, LibroIva,
     OperacionesTerceros;

@@ -17,7 +17,9 @@ QString carpeta() {
     return carpetaActual();
 }
 
-void establecerCarpeta(const QString& nueva) { carpetaActual() = QDir(nueva).absolutePath(); }
+void establecerCarpeta(const QString& nueva) {
+    carpetaActual() = QDir(nueva).absolutePath();
+}
 
 QString ruta(const QString& relativa) {
     if (QDir::isAbsolutePath(relativa)) return QDir::cleanPath(relativa);

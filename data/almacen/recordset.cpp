@@ -5,7 +5,9 @@
 #include <QSqlField>
 
 Recordset::Recordset() = default;
-Recordset::Recordset(Recordset&& otro) noexcept { *this = std::move(otro); }
+Recordset::Recordset(Recordset&& otro) noexcept {
+    *this = std::move(otro);
+}
 
 Recordset& Recordset::operator=(Recordset&& otro) noexcept {
     if (this == &otro) return *this;
@@ -25,7 +27,9 @@ Recordset& Recordset::operator=(Recordset&& otro) noexcept {
     return *this;
 }
 
-Recordset::~Recordset() { cerrarCursor(); }
+Recordset::~Recordset() {
+    cerrarCursor();
+}
 
 Recordset::Recordset(Conexion* conexion, QString sql, QSqlQuery consulta, Cursor cursor)
     : conexion_(conexion), sql_(std::move(sql)), consulta_(std::move(consulta)), cursor_(cursor) {
@@ -56,7 +60,8 @@ void Recordset::leerTodo() {
 
 void Recordset::siguienteLote() {
     constexpr int kLote = 2000;
-    consulta_ = conexion_->consultaDirecta(QStringLiteral("FETCH FORWARD %1 FROM ").arg(kLote) + cursorServidor_);
+    consulta_ = conexion_->consultaDirecta(QStringLiteral("FETCH FORWARD %1 FROM ").arg(kLote) +
+                                           cursorServidor_);
     columnas_ = consulta_.record();
     valores_.clear();
     fila_ = 0;
@@ -79,7 +84,9 @@ void Recordset::cerrarCursor() {
     }
 }
 
-bool Recordset::eof() const { return eof_; }
+bool Recordset::eof() const {
+    return eof_;
+}
 
 void Recordset::moveNext() {
     const int n = columnas_.count();
@@ -115,8 +122,9 @@ int Recordset::recordCount() {
 int Recordset::indiceDe(const QString& campo) const {
     // Field names compare without regard to case, as the stores fold unquoted names.
     const int i = columnas_.indexOf(campo);
-    if (i < 0) throw Error(errores::kAlmacen, QStringLiteral("El campo ") + campo +
-                                                  QStringLiteral(" no forma parte de la consulta."));
+    if (i < 0)
+        throw Error(errores::kAlmacen, QStringLiteral("El campo ") + campo +
+                                           QStringLiteral(" no forma parte de la consulta."));
     return i;
 }
 
@@ -126,7 +134,9 @@ void Recordset::comprobarFila() const {
                     QStringLiteral("No hay registro actual: la consulta no devolvió más filas."));
 }
 
-QVariant Recordset::value(const QString& campo) const { return value(indiceDe(campo)); }
+QVariant Recordset::value(const QString& campo) const {
+    return value(indiceDe(campo));
+}
 
 QVariant Recordset::value(int indice) const {
     comprobarFila();
@@ -137,8 +147,12 @@ QVariant Recordset::value(int indice) const {
     return valores_[base + size_t(indice)];
 }
 
-int Recordset::fieldCount() const { return columnas_.count(); }
-QString Recordset::fieldName(int indice) const { return columnas_.fieldName(indice); }
+int Recordset::fieldCount() const {
+    return columnas_.count();
+}
+QString Recordset::fieldName(int indice) const {
+    return columnas_.fieldName(indice);
+}
 
 void Recordset::close() {
     cerrarCursor();

@@ -8,7 +8,9 @@
 
 namespace {
 
-[[noreturn]] void fallar(const QString& texto) { throw Error(errores::kAlmacen, texto); }
+[[noreturn]] void fallar(const QString& texto) {
+    throw Error(errores::kAlmacen, texto);
+}
 
 QHash<QString, QString> pares(const QString& texto) {
     QHash<QString, QString> valores;
@@ -49,7 +51,8 @@ DescripcionAlmacen leerDescripcion(const QString& textoConexion) {
     if (proveedor == u"sqlite") {
         d.proveedor = Proveedor::SQLite;
         const QString fuente = valores.value(QStringLiteral("data source"));
-        if (fuente.isEmpty()) fallar(QStringLiteral("La conexión no indica el archivo del almacén."));
+        if (fuente.isEmpty())
+            fallar(QStringLiteral("La conexión no indica el archivo del almacén."));
         d.fuente = programa::ruta(fuente);
     } else if (proveedor == u"postgresql") {
         d.proveedor = Proveedor::PostgreSQL;
@@ -59,13 +62,16 @@ DescripcionAlmacen leerDescripcion(const QString& textoConexion) {
         if (valores.contains(QStringLiteral("port")))
             d.puerto = valores.value(QStringLiteral("port")).toInt(&ok);
         if (!ok || d.fuente.isEmpty())
-            fallar(QStringLiteral("La conexión PostgreSQL no indica base de datos o puerto válidos."));
+            fallar(
+                QStringLiteral("La conexión PostgreSQL no indica base de datos o puerto válidos."));
         d.usuario = valores.value(QStringLiteral("user id"));
         d.contrasena = valores.value(QStringLiteral("password"));
     } else {
-        fallar(QStringLiteral("La conexión no indica un proveedor conocido (SQLite o PostgreSQL)."));
+        fallar(
+            QStringLiteral("La conexión no indica un proveedor conocido (SQLite o PostgreSQL)."));
     }
-    d.soloLectura = valores.value(QStringLiteral("mode")).compare(u"read", Qt::CaseInsensitive) == 0;
+    d.soloLectura =
+        valores.value(QStringLiteral("mode")).compare(u"read", Qt::CaseInsensitive) == 0;
     d.sincronoDesactivado =
         valores.value(QStringLiteral("synchronous")).compare(u"off", Qt::CaseInsensitive) == 0;
     return d;

@@ -30,8 +30,8 @@ void Apuntes::Update(Conexion& conexion, const QString& codigo_empresa,
     ejecutar(conexion, Operacion::Update, Transaccional::No, [&] {
         actualizar(conexion, esquema::Apuntes,
                    {codigo_empresa, codigo_delegacion, codigo_documento, numero_documento,
-                    numero_apunte, codigo_diario, fecha_apunte, fecha_documento, referencia,
-                    cuenta, concepto, debe, haber, tipo, tag},
+                    numero_apunte, codigo_diario, fecha_apunte, fecha_documento, referencia, cuenta,
+                    concepto, debe, haber, tipo, tag},
                    ultimo_usuario);
     });
 }
@@ -40,10 +40,11 @@ void Apuntes::Delete(Conexion& conexion, const QString& codigo_empresa,
                      const QString& codigo_delegacion, const QString& codigo_documento,
                      const QString& numero_documento, int numero_apunte, bool enTransaccion) {
     ejecutar(conexion, Operacion::Delete, segun(enTransaccion), [&] {
-        QString condicion = QStringLiteral(" WHERE codigo_empresa = ") + sqlTexto(codigo_empresa) +
-                            QStringLiteral(" AND codigo_delegacion = ") + sqlTexto(codigo_delegacion) +
-                            QStringLiteral(" AND codigo_documento = ") + sqlTexto(codigo_documento) +
-                            QStringLiteral(" AND numero_documento = ") + sqlTexto(numero_documento);
+        QString condicion =
+            QStringLiteral(" WHERE codigo_empresa = ") + sqlTexto(codigo_empresa) +
+            QStringLiteral(" AND codigo_delegacion = ") + sqlTexto(codigo_delegacion) +
+            QStringLiteral(" AND codigo_documento = ") + sqlTexto(codigo_documento) +
+            QStringLiteral(" AND numero_documento = ") + sqlTexto(numero_documento);
         if (numero_apunte != 0)
             condicion += QStringLiteral(" AND numero_apunte = ") + QString::number(numero_apunte);
         // Dependants first, so that no statement finds a row whose line is already gone.

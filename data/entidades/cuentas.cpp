@@ -4,15 +4,21 @@
 
 using namespace entidad;
 
-void cuentas::Insert(Conexion& conexion, const QString& codigo_empresa, const QString& cuenta, const QString& descripcion, const QString& pases, int nivel, const QString& ultimo_usuario) {
+void cuentas::Insert(Conexion& conexion, const QString& codigo_empresa, const QString& cuenta,
+                     const QString& descripcion, const QString& pases, int nivel,
+                     const QString& ultimo_usuario) {
     ejecutar(conexion, Operacion::Insert, Transaccional::No, [&] {
-        insertar(conexion, esquema::Cuentas, {codigo_empresa, cuenta, descripcion, pases, nivel}, ultimo_usuario);
+        insertar(conexion, esquema::Cuentas, {codigo_empresa, cuenta, descripcion, pases, nivel},
+                 ultimo_usuario);
     });
 }
 
-void cuentas::Update(Conexion& conexion, const QString& codigo_empresa, const QString& cuenta, const QString& descripcion, const QString& pases, int nivel, const QString& ultimo_usuario) {
+void cuentas::Update(Conexion& conexion, const QString& codigo_empresa, const QString& cuenta,
+                     const QString& descripcion, const QString& pases, int nivel,
+                     const QString& ultimo_usuario) {
     ejecutar(conexion, Operacion::Update, Transaccional::No, [&] {
-        actualizar(conexion, esquema::Cuentas, {codigo_empresa, cuenta, descripcion, pases, nivel}, ultimo_usuario);
+        actualizar(conexion, esquema::Cuentas, {codigo_empresa, cuenta, descripcion, pases, nivel},
+                   ultimo_usuario);
     });
 }
 
@@ -24,6 +30,6 @@ void cuentas::Delete(Conexion& conexion, const QString& codigo_empresa, const QS
 }
 
 Recordset cuentas::GetList(Conexion& conexion, const QString& condicion, const QString& orden,
-                          Cursor cursor) {
+                           Cursor cursor) {
     return getList(conexion, esquema::Cuentas, condicion, orden, cursor);
 }

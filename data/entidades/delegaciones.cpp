@@ -41,17 +41,20 @@ void Delegaciones::Update(Conexion& conexion, const QString& codigo_empresa,
             {QStringLiteral("nombre"), QStringLiteral("direccion"), QStringLiteral("cp"),
              QStringLiteral("poblacion"), QStringLiteral("provincia"), QStringLiteral("pais"),
              QStringLiteral("telefono"), QStringLiteral("fax"), QStringLiteral("correo")},
-            {nombre, direccion, cp, poblacion, provincia, pais, telefono, fax, correo}, ultimo_usuario);
+            {nombre, direccion, cp, poblacion, provincia, pais, telefono, fax, correo},
+            ultimo_usuario);
     });
 }
 
 void Delegaciones::Delete(Conexion& conexion, const QString& codigo_empresa,
                           const QString& codigo_delegacion, bool enTransaccion) {
     ejecutar(conexion, Operacion::Delete, segun(enTransaccion), [&] {
-        const QString condicion = QStringLiteral(" WHERE codigo_empresa = ") + sqlTexto(codigo_empresa) +
-                                  QStringLiteral(" AND codigo_delegacion = ") + sqlTexto(codigo_delegacion);
-        for (const char* tabla : {"RegistroIRPF", "RegistroIVA", "Cartera", "Apuntes",
-                                  "RestriccionesUsuariosMenus", "UsuariosDelegaciones", "Delegaciones"})
+        const QString condicion =
+            QStringLiteral(" WHERE codigo_empresa = ") + sqlTexto(codigo_empresa) +
+            QStringLiteral(" AND codigo_delegacion = ") + sqlTexto(codigo_delegacion);
+        for (const char* tabla :
+             {"RegistroIRPF", "RegistroIVA", "Cartera", "Apuntes", "RestriccionesUsuariosMenus",
+              "UsuariosDelegaciones", "Delegaciones"})
             conexion.execute(QStringLiteral("DELETE FROM ") + QLatin1StringView(tabla) + condicion);
     });
 }

@@ -4,19 +4,26 @@
 
 using namespace entidad;
 
-void Diarios::Insert(Conexion& conexion, const QString& codigo_empresa, const QString& codigo_diario, const QString& descripcion, const QString& ultimo_usuario) {
+void Diarios::Insert(Conexion& conexion, const QString& codigo_empresa,
+                     const QString& codigo_diario, const QString& descripcion,
+                     const QString& ultimo_usuario) {
     ejecutar(conexion, Operacion::Insert, Transaccional::No, [&] {
-        insertar(conexion, esquema::Diarios, {codigo_empresa, codigo_diario, descripcion}, ultimo_usuario);
+        insertar(conexion, esquema::Diarios, {codigo_empresa, codigo_diario, descripcion},
+                 ultimo_usuario);
     });
 }
 
-void Diarios::Update(Conexion& conexion, const QString& codigo_empresa, const QString& codigo_diario, const QString& descripcion, const QString& ultimo_usuario) {
+void Diarios::Update(Conexion& conexion, const QString& codigo_empresa,
+                     const QString& codigo_diario, const QString& descripcion,
+                     const QString& ultimo_usuario) {
     ejecutar(conexion, Operacion::Update, Transaccional::No, [&] {
-        actualizar(conexion, esquema::Diarios, {codigo_empresa, codigo_diario, descripcion}, ultimo_usuario);
+        actualizar(conexion, esquema::Diarios, {codigo_empresa, codigo_diario, descripcion},
+                   ultimo_usuario);
     });
 }
 
-void Diarios::Delete(Conexion& conexion, const QString& codigo_empresa, const QString& codigo_diario) {
+void Diarios::Delete(Conexion& conexion, const QString& codigo_empresa,
+                     const QString& codigo_diario) {
     ejecutar(conexion, Operacion::Delete, Transaccional::No, [&] {
         conexion.execute(QStringLiteral("DELETE FROM Diarios WHERE ") +
                          condicionClave(esquema::Diarios, {codigo_empresa, codigo_diario}));
@@ -24,6 +31,6 @@ void Diarios::Delete(Conexion& conexion, const QString& codigo_empresa, const QS
 }
 
 Recordset Diarios::GetList(Conexion& conexion, const QString& condicion, const QString& orden,
-                          Cursor cursor) {
+                           Cursor cursor) {
     return getList(conexion, esquema::Diarios, condicion, orden, cursor);
 }

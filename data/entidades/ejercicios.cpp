@@ -48,24 +48,27 @@ void Ejercicios::Delete(Conexion& conexion, const QString& codigo_empresa,
             conexion.execute(QStringLiteral("DELETE FROM Ejercicios WHERE ") + delAnio);
         }
 
-        const QString apuntes = QStringLiteral("Apuntes.codigo_empresa = ") + sqlTexto(codigo_empresa) +
-                                QStringLiteral(" AND Apuntes.codigo_delegacion = ") +
-                                sqlTexto(codigo_delegacion) + QStringLiteral(" AND Apuntes.fecha_apunte >=") +
-                                sqlTexto(desde) + QStringLiteral(" AND Apuntes.fecha_apunte <= ") +
-                                sqlTexto(hasta);
+        const QString apuntes =
+            QStringLiteral("Apuntes.codigo_empresa = ") + sqlTexto(codigo_empresa) +
+            QStringLiteral(" AND Apuntes.codigo_delegacion = ") + sqlTexto(codigo_delegacion) +
+            QStringLiteral(" AND Apuntes.fecha_apunte >=") + sqlTexto(desde) +
+            QStringLiteral(" AND Apuntes.fecha_apunte <= ") + sqlTexto(hasta);
         for (const char* t : {"RegistroIVA", "Cartera", "RegistroIrpf"}) {
             const QString d = QLatin1StringView(t);
-            conexion.execute(QStringLiteral("DELETE ") + d + QStringLiteral(".* FROM Apuntes INNER JOIN ") + d +
-                             QStringLiteral(" ON ") + d + QStringLiteral(".codigo_empresa = Apuntes.codigo_empresa AND ") +
-                             d + QStringLiteral(".codigo_delegacion = Apuntes.codigo_delegacion AND ") + d +
-                             QStringLiteral(".codigo_documento = Apuntes.codigo_documento AND ") + d +
-                             QStringLiteral(".numero_documento = Apuntes.numero_documento AND ") + d +
-                             QStringLiteral(".numero_apunte = Apuntes.numero_apunte WHERE ") + apuntes);
+            conexion.execute(
+                QStringLiteral("DELETE ") + d + QStringLiteral(".* FROM Apuntes INNER JOIN ") + d +
+                QStringLiteral(" ON ") + d +
+                QStringLiteral(".codigo_empresa = Apuntes.codigo_empresa AND ") + d +
+                QStringLiteral(".codigo_delegacion = Apuntes.codigo_delegacion AND ") + d +
+                QStringLiteral(".codigo_documento = Apuntes.codigo_documento AND ") + d +
+                QStringLiteral(".numero_documento = Apuntes.numero_documento AND ") + d +
+                QStringLiteral(".numero_apunte = Apuntes.numero_apunte WHERE ") + apuntes);
         }
         conexion.execute(QStringLiteral("DELETE FROM Apuntes WHERE codigo_empresa = ") +
                          sqlTexto(codigo_empresa) + QStringLiteral(" AND codigo_delegacion = ") +
                          sqlTexto(codigo_delegacion) + QStringLiteral(" AND fecha_apunte >=") +
-                         sqlTexto(desde) + QStringLiteral(" AND fecha_apunte <= ") + sqlTexto(hasta));
+                         sqlTexto(desde) + QStringLiteral(" AND fecha_apunte <= ") +
+                         sqlTexto(hasta));
     });
 }
 

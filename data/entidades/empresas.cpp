@@ -15,24 +15,31 @@ namespace {
 void copiarPlantilla(Conexion& conexion, Conexion& plantilla, const QString& empresa, int digitos,
                      const QString& usuario) {
     auto v = [](const Recordset& rs, const char* campo) { return rs[QLatin1StringView(campo)]; };
-    for (Recordset rs = plantilla.open(QStringLiteral("SELECT * FROM sysPergan")); !rs.eof(); rs.moveNext())
+    for (Recordset rs = plantilla.open(QStringLiteral("SELECT * FROM sysPergan")); !rs.eof();
+         rs.moveNext())
         insertar(conexion, esquema::Pergan,
                  {empresa, v(rs, "dh"), v(rs, "nivel_1"), v(rs, "nivel_2"), v(rs, "nivel_3"),
                   v(rs, "nivel_4"), v(rs, "titulo"), v(rs, "cuentas")},
                  usuario);
-    for (Recordset rs = plantilla.open(QStringLiteral("SELECT * FROM sysSituacion")); !rs.eof(); rs.moveNext())
+    for (Recordset rs = plantilla.open(QStringLiteral("SELECT * FROM sysSituacion")); !rs.eof();
+         rs.moveNext())
         insertar(conexion, esquema::Situacion,
                  {empresa, v(rs, "ap"), v(rs, "nivel_1"), v(rs, "nivel_2"), v(rs, "nivel_3"),
                   v(rs, "titulo"), v(rs, "cuentas")},
                  usuario);
-    for (Recordset rs = plantilla.open(QStringLiteral("SELECT * FROM sysPlanContable")); !rs.eof(); rs.moveNext())
+    for (Recordset rs = plantilla.open(QStringLiteral("SELECT * FROM sysPlanContable")); !rs.eof();
+         rs.moveNext())
         insertar(conexion, esquema::Cuentas,
-                 {empresa, v(rs, "cuenta"), v(rs, "titulo"), QStringLiteral("N"), v(rs, "nivel")}, usuario);
-    for (Recordset rs = plantilla.open(QStringLiteral("SELECT * FROM sysPlanContable WHERE nivel = 3"));
+                 {empresa, v(rs, "cuenta"), v(rs, "titulo"), QStringLiteral("N"), v(rs, "nivel")},
+                 usuario);
+    for (Recordset rs =
+             plantilla.open(QStringLiteral("SELECT * FROM sysPlanContable WHERE nivel = 3"));
          !rs.eof(); rs.moveNext()) {
         if (digitos < 3)
-            throw Error(5, QStringLiteral("La longitud de las cuentas no permite crear las cuentas de "
-                                          "pases (") + QString::number(digitos) + QStringLiteral(" dígitos)."));
+            throw Error(5,
+                        QStringLiteral("La longitud de las cuentas no permite crear las cuentas de "
+                                       "pases (") +
+                            QString::number(digitos) + QStringLiteral(" dígitos)."));
         insertar(conexion, esquema::Cuentas,
                  {empresa, v(rs, "cuenta").toString() + QString(digitos - 3, u'0'), v(rs, "titulo"),
                   QStringLiteral("S"), digitos},
@@ -61,7 +68,8 @@ void Empresas::Insert(Conexion& conexion, const QString& codigo_empresa, const Q
                   fax, correo, digitos},
                  ultimo_usuario);
         Delegaciones::Insert(conexion, codigo_empresa, codigo_empresa, nombre, direccion, cp,
-                             poblacion, provincia, pais, telefono, fax, correo, ultimo_usuario, true);
+                             poblacion, provincia, pais, telefono, fax, correo, ultimo_usuario,
+                             true);
         const QString anio = QString::number(QDate::currentDate().year());
         const QString primero = QStringLiteral("01/01/") + anio;
         const QString ultimo = QStringLiteral("31/12/") + anio;
@@ -88,18 +96,35 @@ void Empresas::Update(Conexion& conexion, const QString& codigo_empresa, const Q
                     telefono, fax, correo, digitos},
                    ultimo_usuario);
         Delegaciones::Update(conexion, codigo_empresa, codigo_empresa, nombre, direccion, cp,
-                             poblacion, provincia, pais, telefono, fax, correo, ultimo_usuario, true);
+                             poblacion, provincia, pais, telefono, fax, correo, ultimo_usuario,
+                             true);
     });
 }
 
 void Empresas::Delete(Conexion& conexion, const QString& codigo_empresa, bool enTransaccion) {
     ejecutar(conexion, Operacion::Delete, segun(enTransaccion), [&] {
-        const QString condicion = QStringLiteral(" WHERE codigo_empresa = ") + sqlTexto(codigo_empresa);
-        for (const char* tabla :
-             {"Cartera", "RegistroIva", "RegistroIrpf", "Apuntes", "RestriccionesUsuariosMenus",
-              "UsuariosDelegaciones", "Delegaciones", "Numeraciones", "Ejercicios", "Documentos",
-              "Cuentas", "Acrdeu", "Personal", "Situacion", "Pergan", "Irpf", "FormasPagos",
-              "Impuestos", "Diarios", "Empresas"})
+        const QString condicion =
+            QStringLiteral(" WHERE codigo_empresa = ") + sqlTexto(codigo_empresa);
+        for (const char* tabla : {"Cartera",
+                                  "RegistroIva",
+                                  "RegistroIrpf",
+                                  "Apuntes",
+                                  "RestriccionesUsuariosMenus",
+                                  "UsuariosDelegaciones",
+                                  "Delegaciones",
+                                  "Numeraciones",
+                                  "Ejercicios",
+                                  "Documentos",
+                                  "Cuentas",
+                                  "Acrdeu",
+                                  "Personal",
+                                  "Situacion",
+                                  "Pergan",
+                                  "Irpf",
+                                  "FormasPagos",
+                                  "Impuestos",
+                                  "Diarios",
+                                  "Empresas"})
             conexion.execute(QStringLiteral("DELETE FROM ") + QLatin1StringView(tabla) + condicion);
     });
 }

@@ -16,28 +16,39 @@ QString texto(const QVariant& valor) {
     return t.isNull() ? kVacio : t;
 }
 
-QString nombre(std::string_view s) { return QString::fromUtf8(s.data(), qsizetype(s.size())); }
+QString nombre(std::string_view s) {
+    return QString::fromUtf8(s.data(), qsizetype(s.size()));
+}
 
 QString encabezado(Operacion operacion) {
     switch (operacion) {
-        case Operacion::Insert: return QStringLiteral("Error en Insert.");
+        case Operacion::Insert:
+            return QStringLiteral("Error en Insert.");
         case Operacion::Update:
-        case Operacion::SetEstado: return QStringLiteral("Error en Update.");
-        case Operacion::Delete: return QStringLiteral("Error en Delete.");
+        case Operacion::SetEstado:
+            return QStringLiteral("Error en Update.");
+        case Operacion::Delete:
+            return QStringLiteral("Error en Delete.");
         case Operacion::GetList:
-        case Operacion::ValidarUsuario: return QStringLiteral("Error en GetList.");
+        case Operacion::ValidarUsuario:
+            return QStringLiteral("Error en GetList.");
     }
     return {};
 }
 
 qint32 numero(Operacion operacion) {
     switch (operacion) {
-        case Operacion::Insert: return errores::kInsert;
+        case Operacion::Insert:
+            return errores::kInsert;
         case Operacion::Update:
-        case Operacion::SetEstado: return errores::kUpdate;
-        case Operacion::Delete: return errores::kDelete;
-        case Operacion::GetList: return errores::kGetList;
-        case Operacion::ValidarUsuario: return errores::kValidarUsuario;
+        case Operacion::SetEstado:
+            return errores::kUpdate;
+        case Operacion::Delete:
+            return errores::kDelete;
+        case Operacion::GetList:
+            return errores::kGetList;
+        case Operacion::ValidarUsuario:
+            return errores::kValidarUsuario;
     }
     return errores::kAlmacen;
 }
@@ -46,31 +57,39 @@ qint32 numero(Operacion operacion) {
 // an empty one, as the screens give it.
 QVariant comoColumna(const esquema::Columna& columna, const QVariant& valor, Fechas fechas) {
     switch (columna.tipo) {
-        case esquema::Tipo::Texto: return texto(valor);
+        case esquema::Tipo::Texto:
+            return texto(valor);
         case esquema::Tipo::Fecha:
             return fechas == Fechas::Convertir ? texto(Auxiliar::sDate(valor)) : texto(valor);
         case esquema::Tipo::Entero16:
-        case esquema::Tipo::Entero32: return QVariant(valor.toInt());
-        case esquema::Tipo::Doble: return QVariant(valor.toDouble());
+        case esquema::Tipo::Entero32:
+            return QVariant(valor.toInt());
+        case esquema::Tipo::Doble:
+            return QVariant(valor.toDouble());
     }
     return valor;
 }
 
 QString literal(const esquema::Columna& columna, const QVariant& valor) {
     switch (columna.tipo) {
-        case esquema::Tipo::Texto: return sqlTexto(valor.toString());
-        case esquema::Tipo::Fecha: return sqlTexto(Auxiliar::sDate(valor));
+        case esquema::Tipo::Texto:
+            return sqlTexto(valor.toString());
+        case esquema::Tipo::Fecha:
+            return sqlTexto(Auxiliar::sDate(valor));
         case esquema::Tipo::Entero16:
-        case esquema::Tipo::Entero32: return QString::number(valor.toInt());
-        case esquema::Tipo::Doble: return QString::number(valor.toDouble(), 'g', 17);
+        case esquema::Tipo::Entero32:
+            return QString::number(valor.toInt());
+        case esquema::Tipo::Doble:
+            return QString::number(valor.toDouble(), 'g', 17);
     }
     return {};
 }
 
 void comprobarTamano(const esquema::Tabla& tabla, qsizetype n) {
     if (n != qsizetype(tabla.columnas.size()))
-        throw Error(errores::kAlmacen, QStringLiteral("Número de valores incorrecto para la tabla ") +
-                                           nombre(tabla.nombre) + u'.');
+        throw Error(errores::kAlmacen,
+                    QStringLiteral("Número de valores incorrecto para la tabla ") +
+                        nombre(tabla.nombre) + u'.');
 }
 
 void sello(const esquema::Tabla& tabla, QStringList& columnas, QVariantList& valores,
@@ -83,11 +102,14 @@ void sello(const esquema::Tabla& tabla, QStringList& columnas, QVariantList& val
 }  // namespace
 
 void relanzar(Conexion& conexion, Operacion operacion, const Error& causa) {
-    if (conexion.errores().isEmpty()) conexion.anotarError(QString::number(causa.numero()), causa.descripcion());
+    if (conexion.errores().isEmpty())
+        conexion.anotarError(QString::number(causa.numero()), causa.descripcion());
     throw Error(numero(operacion), ColectarErrores(conexion.errores(), encabezado(operacion)));
 }
 
-QString hoy() { return QDate::currentDate().toString(QStringLiteral("yyyyMMdd")); }
+QString hoy() {
+    return QDate::currentDate().toString(QStringLiteral("yyyyMMdd"));
+}
 
 void insertar(Conexion& conexion, const esquema::Tabla& tabla, const Valores& valores,
               const QString& usuario, Fechas fechas) {
@@ -148,7 +170,8 @@ void actualizarColumnas(Conexion& conexion, const esquema::Tabla& tabla, const Q
         const esquema::Columna* def = nullptr;
         for (const esquema::Columna& c : tabla.columnas)
             if (nombre(c.nombre) == columnas[i]) def = &c;
-        if (!def) throw Error(errores::kAlmacen, QStringLiteral("Columna desconocida: ") + columnas[i]);
+        if (!def)
+            throw Error(errores::kAlmacen, QStringLiteral("Columna desconocida: ") + columnas[i]);
         datos << comoColumna(*def, valores[i], Fechas::Convertir);
     }
     sello(tabla, todas, datos, usuario);

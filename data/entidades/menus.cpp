@@ -5,6 +5,6 @@
 using namespace entidad;
 
 Recordset Menus::GetList(Conexion& conexion, const QString& condicion, const QString& orden,
-                          Cursor cursor) {
+                         Cursor cursor) {
     return getList(conexion, esquema::Menus, condicion, orden, cursor);
 }

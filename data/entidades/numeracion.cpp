@@ -4,27 +4,37 @@
 
 using namespace entidad;
 
-void numeracion::Insert(Conexion& conexion, const QString& codigo_empresa, int ejercicio, const QString& numeracion, int longitud, int numero, const QString& descripcion, const QString& ultimo_usuario) {
+void numeracion::Insert(Conexion& conexion, const QString& codigo_empresa, int ejercicio,
+                        const QString& numeracion, int longitud, int numero,
+                        const QString& descripcion, const QString& ultimo_usuario) {
     ejecutar(conexion, Operacion::Insert, Transaccional::No, [&] {
-        insertar(conexion, esquema::Numeraciones, {codigo_empresa, ejercicio, numeracion, longitud, numero, descripcion}, ultimo_usuario);
+        insertar(conexion, esquema::Numeraciones,
+                 {codigo_empresa, ejercicio, numeracion, longitud, numero, descripcion},
+                 ultimo_usuario);
     });
 }
 
-void numeracion::Update(Conexion& conexion, const QString& codigo_empresa, int ejercicio, const QString& numeracion, int longitud, int numero, const QString& descripcion, const QString& ultimo_usuario) {
+void numeracion::Update(Conexion& conexion, const QString& codigo_empresa, int ejercicio,
+                        const QString& numeracion, int longitud, int numero,
+                        const QString& descripcion, const QString& ultimo_usuario) {
     ejecutar(conexion, Operacion::Update, Transaccional::No, [&] {
-        actualizar(conexion, esquema::Numeraciones, {codigo_empresa, ejercicio, numeracion, longitud, numero, descripcion}, ultimo_usuario);
+        actualizar(conexion, esquema::Numeraciones,
+                   {codigo_empresa, ejercicio, numeracion, longitud, numero, descripcion},
+                   ultimo_usuario);
     });
 }
 
-void numeracion::Delete(Conexion& conexion, const QString& codigo_empresa, int ejercicio, const QString& numeracion) {
+void numeracion::Delete(Conexion& conexion, const QString& codigo_empresa, int ejercicio,
+                        const QString& numeracion) {
     ejecutar(conexion, Operacion::Delete, Transaccional::No, [&] {
-        conexion.execute(QStringLiteral("DELETE FROM Numeraciones WHERE ") +
-                         condicionClave(esquema::Numeraciones, {codigo_empresa, ejercicio, numeracion}));
+        conexion.execute(
+            QStringLiteral("DELETE FROM Numeraciones WHERE ") +
+            condicionClave(esquema::Numeraciones, {codigo_empresa, ejercicio, numeracion}));
     });
 }
 
 Recordset numeracion::GetList(Conexion& conexion, const QString& condicion, const QString& orden,
-                          Cursor cursor) {
+                              Cursor cursor) {
     return getList(conexion, esquema::Numeraciones, condicion, orden, cursor);
 }
 
@@ -48,10 +58,11 @@ void numeracion::DuplicarNumeracionEjercicio(Conexion& conexion, const QString& 
             bool esta = false;
             for (const QString& e : existentes) esta = esta || e.trimmed() == serie.trimmed();
             if (esta) continue;
-            insertar(conexion, esquema::Numeraciones,
-                     {codigo_empresa, ejercicio_destino, serie, origen.value(QStringLiteral("longitud")), 1,
-                      origen.value(QStringLiteral("descripcion"))},
-                     ultimo_usuario);
+            insertar(
+                conexion, esquema::Numeraciones,
+                {codigo_empresa, ejercicio_destino, serie, origen.value(QStringLiteral("longitud")),
+                 1, origen.value(QStringLiteral("descripcion"))},
+                ultimo_usuario);
         }
     });
 }

@@ -4,15 +4,29 @@
 
 using namespace entidad;
 
-void Personal::Insert(Conexion& conexion, const QString& codigo_empresa, const QString& codigo, const QString& nombre, const QString& nif, const QString& direccion, const QString& poblacion, const QString& cp, const QString& provincia, const QString& pais, const QString& telefono, const QString& fax, const QString& email, const QString& ultimo_usuario) {
+void Personal::Insert(Conexion& conexion, const QString& codigo_empresa, const QString& codigo,
+                      const QString& nombre, const QString& nif, const QString& direccion,
+                      const QString& poblacion, const QString& cp, const QString& provincia,
+                      const QString& pais, const QString& telefono, const QString& fax,
+                      const QString& email, const QString& ultimo_usuario) {
     ejecutar(conexion, Operacion::Insert, Transaccional::No, [&] {
-        insertar(conexion, esquema::Personal, {codigo_empresa, codigo, nombre, nif, direccion, poblacion, cp, provincia, pais, telefono, fax, email}, ultimo_usuario);
+        insertar(conexion, esquema::Personal,
+                 {codigo_empresa, codigo, nombre, nif, direccion, poblacion, cp, provincia, pais,
+                  telefono, fax, email},
+                 ultimo_usuario);
     });
 }
 
-void Personal::Update(Conexion& conexion, const QString& codigo_empresa, const QString& codigo, const QString& nombre, const QString& nif, const QString& direccion, const QString& poblacion, const QString& cp, const QString& provincia, const QString& pais, const QString& telefono, const QString& fax, const QString& email, const QString& ultimo_usuario) {
+void Personal::Update(Conexion& conexion, const QString& codigo_empresa, const QString& codigo,
+                      const QString& nombre, const QString& nif, const QString& direccion,
+                      const QString& poblacion, const QString& cp, const QString& provincia,
+                      const QString& pais, const QString& telefono, const QString& fax,
+                      const QString& email, const QString& ultimo_usuario) {
     ejecutar(conexion, Operacion::Update, Transaccional::No, [&] {
-        actualizar(conexion, esquema::Personal, {codigo_empresa, codigo, nombre, nif, direccion, poblacion, cp, provincia, pais, telefono, fax, email}, ultimo_usuario);
+        actualizar(conexion, esquema::Personal,
+                   {codigo_empresa, codigo, nombre, nif, direccion, poblacion, cp, provincia, pais,
+                    telefono, fax, email},
+                   ultimo_usuario);
     });
 }
 
@@ -24,6 +38,6 @@ void Personal::Delete(Conexion& conexion, const QString& codigo_empresa, const Q
 }
 
 Recordset Personal::GetList(Conexion& conexion, const QString& condicion, const QString& orden,
-                          Cursor cursor) {
+                            Cursor cursor) {
     return getList(conexion, esquema::Personal, condicion, orden, cursor);
 }

@@ -6,7 +6,8 @@ using namespace entidad;
 
 void Usuarios::Insert(Conexion& conexion, const QString& codigo_empresa,
                       const QString& codigo_delegacion, const QString& codigo_usuario,
-                      const QString& contrasena, const QString& ultimo_usuario, bool enTransaccion) {
+                      const QString& contrasena, const QString& ultimo_usuario,
+                      bool enTransaccion) {
     Q_UNUSED(codigo_empresa);
     Q_UNUSED(codigo_delegacion);
     ejecutar(conexion, Operacion::Insert, segun(enTransaccion), [&] {
@@ -14,9 +15,10 @@ void Usuarios::Insert(Conexion& conexion, const QString& codigo_empresa,
         const QString fecha = sqlTexto(hoy());
         const QString usuario = sqlTexto(ultimo_usuario);
         Recordset rs = conexion.open(
-            QStringLiteral("SELECT codigo_empresa, codigo_delegacion, ") + fecha + QStringLiteral(", ") +
-            usuario + QStringLiteral(" FROM Delegaciones GROUP BY ") + sqlTexto(codigo_usuario) +
-            QStringLiteral(", codigo_empresa, codigo_delegacion, 0, ") + fecha + QStringLiteral(", ") + usuario);
+            QStringLiteral("SELECT codigo_empresa, codigo_delegacion, ") + fecha +
+            QStringLiteral(", ") + usuario + QStringLiteral(" FROM Delegaciones GROUP BY ") +
+            sqlTexto(codigo_usuario) + QStringLiteral(", codigo_empresa, codigo_delegacion, 0, ") +
+            fecha + QStringLiteral(", ") + usuario);
         for (; !rs.eof(); rs.moveNext())
             insertar(conexion, esquema::UsuariosDelegaciones,
                      {codigo_usuario, rs[QStringLiteral("codigo_empresa")],
@@ -34,7 +36,8 @@ void Usuarios::Update(Conexion& conexion, const QString& codigo_usuario, const Q
 
 void Usuarios::Delete(Conexion& conexion, const QString& codigo_usuario, bool enTransaccion) {
     ejecutar(conexion, Operacion::Delete, segun(enTransaccion), [&] {
-        const QString condicion = QStringLiteral(" WHERE codigo_usuario = ") + sqlTexto(codigo_usuario);
+        const QString condicion =
+            QStringLiteral(" WHERE codigo_usuario = ") + sqlTexto(codigo_usuario);
         for (const char* tabla : {"RestriccionesUsuariosMenus", "UsuariosDelegaciones", "Usuarios"})
             conexion.execute(QStringLiteral("DELETE FROM ") + QLatin1StringView(tabla) + condicion);
     });

@@ -8,7 +8,8 @@ struct Usuarios {
     // codigo_empresa and codigo_delegacion are received and not used.
     static void Insert(Conexion& conexion, const QString& codigo_empresa,
                        const QString& codigo_delegacion, const QString& codigo_usuario,
-                       const QString& contrasena, const QString& ultimo_usuario, bool enTransaccion);
+                       const QString& contrasena, const QString& ultimo_usuario,
+                       bool enTransaccion);
     static void Update(Conexion& conexion, const QString& codigo_usuario, const QString& contrasena,
                        const QString& ultimo_usuario);
     static void Delete(Conexion& conexion, const QString& codigo_usuario, bool enTransaccion);

@@ -21,17 +21,20 @@ Recordset UsuariosDelegaciones::GetList(Conexion& conexion, const QString& condi
 
 bool UsuariosDelegaciones::ValidarUsuario(Conexion& conexion, const QString& codigo_empresa,
                                           const QString& codigo_delegacion,
-                                          const QString& codigo_usuario, const QString& contrasena) {
+                                          const QString& codigo_usuario,
+                                          const QString& contrasena) {
     return ejecutar(conexion, Operacion::ValidarUsuario, Transaccional::No, [&] {
         Recordset rs = conexion.open(
-            QStringLiteral("SELECT Usuarios.codigo_usuario, Usuarios.contraseña FROM Usuarios INNER JOIN "
-                           "UsuariosDelegaciones ON (Usuarios.codigo_usuario = "
-                           "UsuariosDelegaciones.codigo_usuario) WHERE (UsuariosDelegaciones.codigo_empresa=") +
+            QStringLiteral(
+                "SELECT Usuarios.codigo_usuario, Usuarios.contraseña FROM Usuarios INNER JOIN "
+                "UsuariosDelegaciones ON (Usuarios.codigo_usuario = "
+                "UsuariosDelegaciones.codigo_usuario) WHERE "
+                "(UsuariosDelegaciones.codigo_empresa=") +
             sqlTexto(codigo_empresa + u' ') +
-            QStringLiteral(") AND (UsuariosDelegaciones.codigo_delegacion=") + sqlTexto(codigo_delegacion) +
-            QStringLiteral(") AND (Usuarios.codigo_usuario=") + sqlTexto(codigo_usuario) +
-            QStringLiteral(") AND (Usuarios.contraseña=") + sqlTexto(contrasena) +
-            QStringLiteral(") AND (UsuariosDelegaciones.activo <> 0)"));
+            QStringLiteral(") AND (UsuariosDelegaciones.codigo_delegacion=") +
+            sqlTexto(codigo_delegacion) + QStringLiteral(") AND (Usuarios.codigo_usuario=") +
+            sqlTexto(codigo_usuario) + QStringLiteral(") AND (Usuarios.contraseña=") +
+            sqlTexto(contrasena) + QStringLiteral(") AND (UsuariosDelegaciones.activo <> 0)"));
         return !rs.eof();
     });
 }

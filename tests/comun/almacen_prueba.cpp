@@ -12,22 +12,30 @@
 
 namespace {
 
-QString variable(const char* nombre) { return qEnvironmentVariable(nombre); }
+QString variable(const char* nombre) {
+    return qEnvironmentVariable(nombre);
+}
 
-QString pristina(const QString& carpeta) { return carpeta + QStringLiteral("/Dades/pristina.db"); }
+QString pristina(const QString& carpeta) {
+    return carpeta + QStringLiteral("/Dades/pristina.db");
+}
 
 void borrarSqlite(const QString& archivo) {
-    for (const char* sufijo : {"", "-wal", "-shm"}) QFile::remove(archivo + QLatin1StringView(sufijo));
+    for (const char* sufijo : {"", "-wal", "-shm"})
+        QFile::remove(archivo + QLatin1StringView(sufijo));
 }
 
 std::unique_ptr<Conexion> administracion() {
-    return std::make_unique<Conexion>(QStringLiteral("Provider=PostgreSQL;") + variable("SALDEVA_TEST_PG") +
+    return std::make_unique<Conexion>(QStringLiteral("Provider=PostgreSQL;") +
+                                      variable("SALDEVA_TEST_PG") +
                                       QStringLiteral(";Database=postgres"));
 }
 
 }  // namespace
 
-bool AlmacenPrueba::postgres() { return variable("SALDEVA_TEST_ALMACEN") == u"postgres"; }
+bool AlmacenPrueba::postgres() {
+    return variable("SALDEVA_TEST_ALMACEN") == u"postgres";
+}
 
 bool AlmacenPrueba::disponible(QString* motivo) {
     if (!postgres() || !variable("SALDEVA_TEST_PG").isEmpty()) return true;
@@ -38,15 +46,20 @@ bool AlmacenPrueba::disponible(QString* motivo) {
 AlmacenPrueba::AlmacenPrueba() {
     const QString dir = dir_.path();
     QDir().mkpath(dir + QStringLiteral("/Dades"));
-    QFile::copy(QStringLiteral(SALDEVA_PROGRAMA_DIR "/Dades/Sistema.db"), dir + QStringLiteral("/Dades/Sistema.db"));
-    QFile::setPermissions(dir + QStringLiteral("/Dades/Sistema.db"), QFile::ReadOwner | QFile::WriteOwner);
-    escribir(QStringLiteral("Sistema.udl"), QStringLiteral("Provider=SQLite;Data Source=Dades/Sistema.db;Mode=Read"));
-    escribir(QStringLiteral("Temporal.udl"), QStringLiteral("Provider=SQLite;Data Source=Dades/Temporales.db"));
+    QFile::copy(QStringLiteral(SALDEVA_PROGRAMA_DIR "/Dades/Sistema.db"),
+                dir + QStringLiteral("/Dades/Sistema.db"));
+    QFile::setPermissions(dir + QStringLiteral("/Dades/Sistema.db"),
+                          QFile::ReadOwner | QFile::WriteOwner);
+    escribir(QStringLiteral("Sistema.udl"),
+             QStringLiteral("Provider=SQLite;Data Source=Dades/Sistema.db;Mode=Read"));
+    escribir(QStringLiteral("Temporal.udl"),
+             QStringLiteral("Provider=SQLite;Data Source=Dades/Temporales.db"));
     programa::establecerCarpeta(dir);
 
     if (postgres()) {
         static int contador = 0;
-        baseDatos_ = QStringLiteral("prueba_%1_%2").arg(QCoreApplication::applicationPid()).arg(++contador);
+        baseDatos_ =
+            QStringLiteral("prueba_%1_%2").arg(QCoreApplication::applicationPid()).arg(++contador);
         administracion()->execute(QStringLiteral("CREATE DATABASE ") + baseDatos_);
         descripcion_ = QStringLiteral("Provider=PostgreSQL;") + variable("SALDEVA_TEST_PG") +
                        QStringLiteral(";Database=") + baseDatos_;
@@ -89,7 +102,9 @@ void AlmacenPrueba::nuevo() {
     abrirAlmacenes();
 }
 
-void AlmacenPrueba::cerrar() { cerrarAlmacenes(); }
+void AlmacenPrueba::cerrar() {
+    cerrarAlmacenes();
+}
 
 std::unique_ptr<Conexion> AlmacenPrueba::plantilla() const {
     return std::make_unique<Conexion>(QStringLiteral("Provider=SQLite;Data Source=") + carpeta() +
@@ -102,7 +117,8 @@ void AlmacenPrueba::escribir(const QString& nombre, const QString& contenido) co
 }
 
 int filas(const QString& tabla, const QString& condicion) {
-    Recordset rs = sesion_conexion->open(QStringLiteral("SELECT COUNT(*) FROM ") + tabla +
-                                         (condicion.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condicion));
+    Recordset rs = sesion_conexion->open(
+        QStringLiteral("SELECT COUNT(*) FROM ") + tabla +
+        (condicion.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condicion));
     return rs.value(0).toInt();
 }

@@ -41,12 +41,12 @@ int filas(const QString& tabla, const QString& condicion = QString());
 
 // In initTestCase of a store test: skips the PostgreSQL variant when no server was given,
 // unless the test command demands one (then a missing server is a failure, not a skip).
-#define REQUIERE_ALMACEN()                                                   \
-    do {                                                                     \
-        QString motivo_;                                                     \
-        if (!AlmacenPrueba::disponible(&motivo_)) {                          \
-            if (qEnvironmentVariableIsSet("SALDEVA_TEST_PG_OBLIGATORIO"))    \
-                QFAIL(qPrintable(motivo_));                                  \
-            QSKIP(qPrintable(motivo_));                                      \
-        }                                                                    \
+#define REQUIERE_ALMACEN()                                                \
+    do {                                                                  \
+        QString motivo_;                                                  \
+        if (!AlmacenPrueba::disponible(&motivo_)) {                       \
+            if (qEnvironmentVariableIsSet("SALDEVA_TEST_PG_OBLIGATORIO")) \
+                QFAIL(qPrintable(motivo_));                               \
+            QSKIP(qPrintable(motivo_));                                   \
+        }                                                                 \
     } while (false)

@@ -43,7 +43,8 @@ QString padreDelCodigo(const QString& codigo) {
 
 QList<entidad::Valores> leerMenus(const QString& carpeta) {
     const QString archivo = QStringLiteral("sysMenus.txt");
-    static const QRegularExpression patron(QStringLiteral(R"(^(\d{12})\s+(\d{12})\s+([01])\s+(\S+)\s+(.+)$)"));
+    static const QRegularExpression patron(
+        QStringLiteral(R"(^(\d{12})\s+(\d{12})\s+([01])\s+(\S+)\s+(.+)$)"));
     QList<entidad::Valores> filas;
     QSet<QString> carpetas;
     QString anterior;
@@ -52,7 +53,8 @@ QList<entidad::Valores> leerMenus(const QString& carpeta) {
         if (!m.hasMatch()) fallar(archivo, l.numero, QStringLiteral("formato no reconocido"));
         const QString item = m.captured(1), padre = m.captured(2);
         const QString formulario = m.captured(4) == u"-" ? QString() : m.captured(4);
-        if (item <= anterior) fallar(archivo, l.numero, QStringLiteral("los códigos deben ir en orden creciente"));
+        if (item <= anterior)
+            fallar(archivo, l.numero, QStringLiteral("los códigos deben ir en orden creciente"));
         if (item == u"000000000000") fallar(archivo, l.numero, QStringLiteral("código reservado"));
         const QString esperado = padreDelCodigo(item);
         if (padre != esperado)
@@ -89,7 +91,8 @@ QList<entidad::Valores> leerEstado(const QString& carpeta, const QString& archiv
     QSet<QString> claves;
     for (const Linea& l : leerLineas(carpeta + u'/' + archivo)) {
         const QStringList campos = l.texto.split(u'|');
-        if (campos.size() != niveles + 3) fallar(archivo, l.numero, QStringLiteral("número de campos incorrecto"));
+        if (campos.size() != niveles + 3)
+            fallar(archivo, l.numero, QStringLiteral("número de campos incorrecto"));
         if (!lados.contains(campos[0])) fallar(archivo, l.numero, QStringLiteral("lado no válido"));
         entidad::Valores fila{campos[0]};
         for (int i = 1; i <= niveles; ++i) {
