@@ -23,27 +23,19 @@ ManejadorMensajes establecerManejadorMensajes(ManejadorMensajes manejador) {
 
 Respuesta MsgBox(const QString& texto, Icono icono) {
     if (manejadorActual()) return manejadorActual()(texto, icono);
-    QWidget* padre = QApplication::activeWindow();
-    switch (icono) {
-        case Icono::Critico:
-            QMessageBox::critical(padre, tituloAplicacion(), texto);
-            return Respuesta::Aceptar;
-        case Icono::Exclamacion:
-            QMessageBox::warning(padre, tituloAplicacion(), texto);
-            return Respuesta::Aceptar;
-        case Icono::Informacion:
-            QMessageBox::information(padre, tituloAplicacion(), texto);
-            return Respuesta::Aceptar;
-        case Icono::Pregunta: {
-            QMessageBox caja(QMessageBox::Question, tituloAplicacion(), texto,
-                             QMessageBox::NoButton, padre);
-            QPushButton* si = caja.addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
-            QPushButton* no = caja.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
-            caja.setDefaultButton(si);
-            caja.setEscapeButton(no);
-            caja.exec();
-            return caja.clickedButton() == si ? Respuesta::Si : Respuesta::No;
-        }
+    static const QMessageBox::Icon iconos[] = {QMessageBox::Critical, QMessageBox::Warning,
+                                               QMessageBox::Information, QMessageBox::Question};
+    QMessageBox caja(iconos[int(icono)], tituloAplicacion(), texto, QMessageBox::NoButton,
+                     QApplication::activeWindow());
+    if (icono != Icono::Pregunta) {
+        caja.setDefaultButton(caja.addButton(QStringLiteral("Aceptar"), QMessageBox::AcceptRole));
+        caja.exec();
+        return Respuesta::Aceptar;
     }
-    return Respuesta::Aceptar;
+    QPushButton* si = caja.addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
+    QPushButton* no = caja.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
+    caja.setDefaultButton(si);
+    caja.setEscapeButton(no);
+    caja.exec();
+    return caja.clickedButton() == si ? Respuesta::Si : Respuesta::No;
 }

@@ -3,12 +3,13 @@
 # SQLite and against a throwaway PostgreSQL 15 started here on loopback and stopped at the end.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+raiz=$(pwd)
 scripts/deps.sh test
 scripts/build.sh
 
 pgdir=$(mktemp -d /tmp/saldeva-pg.XXXXXX)
 chmod 755 "$pgdir"
-parar() { scripts/pg-throwaway.sh stop "$pgdir"; rm -rf "$pgdir"; }
+parar() { "$raiz/scripts/pg-throwaway.sh" stop "$pgdir" || true; rm -rf "$pgdir"; }
 trap parar EXIT
 port=$(scripts/pg-throwaway.sh start "$pgdir")
 echo "PostgreSQL de pruebas en 127.0.0.1:$port"

@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# The layers keep to their places: only data/ speaks to the stores (no Qt SQL class, no
+# knowledge of the provider anywhere else), and data/ knows nothing of widgets.
+set -u
+cd "$(dirname "$0")/.."
+fallos=0
+fuera=$(grep -rlE 'QSql(Query|Database|Error|Record)|Proveedor::|almacen/dialecto\.h' \
+          --include='*.cpp' --include='*.h' app forms session tools 2>/dev/null)
+if [ -n "$fuera" ]; then echo "Acceso al almacén fuera de data/:"; echo "$fuera"; fallos=1; fi
+widgets=$(grep -rlE '#include <Q(Widget|Dialog|MessageBox|Application|MainWindow)' data 2>/dev/null)
+if [ -n "$widgets" ]; then echo "Widgets dentro de data/:"; echo "$widgets"; fallos=1; fi
+[ $fallos -eq 0 ] && echo "1 passed, 0 failed"
+exit $fallos
