@@ -1,5 +1,7 @@
 #include "asientos.h"
 
+#include "apuntes.h"
+
 #include "data/almacen/sql.h"
 
 using namespace entidad;
@@ -11,13 +13,9 @@ void Asientos::Insert(Conexion& conexion, const QString& codigo_empresa,
                       const QVariant& fecha_documento, const QString& referencia,
                       const QString& cuenta, const QString& concepto, double debe, double haber,
                       const QString& tipo, const QString& tag, const QString& ultimo_usuario) {
-    ejecutar(conexion, Operacion::Insert, Transaccional::No, [&] {
-        insertar(conexion, esquema::Apuntes,
-                 {codigo_empresa, codigo_delegacion, codigo_documento, numero_documento,
-                  numero_apunte, codigo_diario, fecha_apunte, fecha_documento, referencia, cuenta,
-                  concepto, debe, haber, tipo, tag},
-                 ultimo_usuario);
-    });
+    Apuntes::Insert(conexion, codigo_empresa, codigo_delegacion, codigo_documento, numero_documento,
+                    numero_apunte, codigo_diario, fecha_apunte, fecha_documento, referencia, cuenta,
+                    concepto, debe, haber, tipo, tag, ultimo_usuario);
 }
 
 void Asientos::Update(Conexion& conexion, const QString& codigo_empresa,
@@ -49,5 +47,5 @@ void Asientos::Delete(Conexion& conexion, const QString& codigo_empresa,
 
 Recordset Asientos::GetList(Conexion& conexion, const QString& condicion, const QString& orden,
                             Cursor cursor) {
-    return getList(conexion, esquema::Apuntes, condicion, orden, cursor);
+    return Apuntes::GetList(conexion, condicion, orden, cursor);
 }

@@ -99,6 +99,18 @@ void sello(const esquema::Tabla& tabla, QStringList& columnas, QVariantList& val
     valores << hoy() << texto(usuario);
 }
 
+// Rewrites the columns of the row named by its key, with the stamp; no such row is a failure.
+void reescribir(Conexion& conexion, const esquema::Tabla& tabla, const QVariantList& clave,
+                QStringList columnas, QVariantList datos, const QString& usuario) {
+    sello(tabla, columnas, datos, usuario);
+    const QString condicion = condicionClave(tabla, clave);
+    if (conexion.actualizar(nombre(tabla.nombre), columnas, datos, condicion) > 0) return;
+    conexion.anotarError(QStringLiteral("3021"),
+                         QStringLiteral("No existe el registro que se quiere modificar (") +
+                             nombre(tabla.nombre) + QStringLiteral(": ") + condicion + u')');
+    throw Error(errores::kAlmacen, conexion.errores().last().descripcion);
+}
+
 }  // namespace
 
 void relanzar(Conexion& conexion, Operacion operacion, const Error& causa) {
@@ -151,20 +163,12 @@ void actualizar(Conexion& conexion, const esquema::Tabla& tabla, const Valores& 
             datos << comoColumna(c, *v, fechas);
         }
     }
-    sello(tabla, columnas, datos, usuario);
-    const QString condicion = condicionClave(tabla, clave);
-    if (conexion.actualizar(nombre(tabla.nombre), columnas, datos, condicion) == 0) {
-        conexion.anotarError(QStringLiteral("3021"),
-                             QStringLiteral("No existe el registro que se quiere modificar (") +
-                                 nombre(tabla.nombre) + QStringLiteral(": ") + condicion + u')');
-        throw Error(errores::kAlmacen, conexion.errores().last().descripcion);
-    }
+    reescribir(conexion, tabla, clave, columnas, datos, usuario);
 }
 
 void actualizarColumnas(Conexion& conexion, const esquema::Tabla& tabla, const QVariantList& clave,
                         const QStringList& columnas, const QVariantList& valores,
                         const QString& usuario) {
-    QStringList todas = columnas;
     QVariantList datos;
     for (qsizetype i = 0; i < columnas.size(); ++i) {
         const esquema::Columna* def = nullptr;
@@ -174,14 +178,7 @@ void actualizarColumnas(Conexion& conexion, const esquema::Tabla& tabla, const Q
             throw Error(errores::kAlmacen, QStringLiteral("Columna desconocida: ") + columnas[i]);
         datos << comoColumna(*def, valores[i], Fechas::Convertir);
     }
-    sello(tabla, todas, datos, usuario);
-    const QString condicion = condicionClave(tabla, clave);
-    if (conexion.actualizar(nombre(tabla.nombre), todas, datos, condicion) == 0) {
-        conexion.anotarError(QStringLiteral("3021"),
-                             QStringLiteral("No existe el registro que se quiere modificar (") +
-                                 nombre(tabla.nombre) + QStringLiteral(": ") + condicion + u')');
-        throw Error(errores::kAlmacen, conexion.errores().last().descripcion);
-    }
+    reescribir(conexion, tabla, clave, columnas, datos, usuario);
 }
 
 Recordset getList(Conexion& conexion, const esquema::Tabla& tabla, const QString& condicion,
