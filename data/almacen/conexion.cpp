@@ -77,7 +77,7 @@ void Conexion::abrirSqlite(const DescripcionAlmacen& d) {
     QString opciones = QStringLiteral("QSQLITE_BUSY_TIMEOUT=30000");
     if (d.soloLectura) opciones += QStringLiteral(";QSQLITE_OPEN_READONLY");
     db_.setConnectOptions(opciones);
-    if (!db_.open()) fallar(db_.lastError(), d.fuente);
+    if (!db_.open()) fallar(db_.lastError());
     // The first read tells a file that is not a store at all.
     ejecutarDirecto(QStringLiteral("SELECT COUNT(*) FROM sqlite_master"));
     ejecutarDirecto(QStringLiteral("PRAGMA case_sensitive_like = ON"));
@@ -95,7 +95,7 @@ void Conexion::abrirPostgres(const DescripcionAlmacen& d) {
     db_.setUserName(d.usuario);
     db_.setPassword(d.contrasena);
     db_.setConnectOptions(QStringLiteral("connect_timeout=10"));
-    if (!db_.open()) fallar(db_.lastError(), d.servidor);
+    if (!db_.open()) fallar(db_.lastError());
     ejecutarDirecto(QStringLiteral("SET client_min_messages TO warning"));
     if (d.soloLectura) ejecutarDirecto(QStringLiteral("SET default_transaction_read_only TO on"));
 }
@@ -107,7 +107,7 @@ void Conexion::ejecutarDirecto(const QString& sql) {
 QSqlQuery Conexion::consultaDirecta(const QString& sql) {
     QSqlQuery q(db_);
     q.setForwardOnly(true);
-    if (!q.exec(sql)) fallar(q.lastError(), sql);
+    if (!q.exec(sql)) fallar(q.lastError());
     return q;
 }
 
@@ -116,7 +116,7 @@ int Conexion::execute(const QString& sql) {
     if (tieneNul(traducido)) fallarTexto(kNul);
     QSqlQuery q(db_);
     q.setForwardOnly(true);
-    if (!q.exec(traducido)) fallar(q.lastError(), traducido);
+    if (!q.exec(traducido)) fallar(q.lastError());
     return q.numRowsAffected();
 }
 
@@ -134,7 +134,7 @@ Recordset Conexion::open(const QString& sql, Cursor cursor) {
     }
     QSqlQuery q(db_);
     q.setForwardOnly(true);
-    if (!q.exec(traducido)) fallar(q.lastError(), traducido);
+    if (!q.exec(traducido)) fallar(q.lastError());
     return Recordset(this, traducido, std::move(q), cursor);
 }
 
@@ -143,8 +143,16 @@ QSqlQuery& Conexion::preparada(const QString& sql) {
     if (it != preparadas_.end()) return *it->second;
     auto q = std::make_unique<QSqlQuery>(db_);
     q->setForwardOnly(true);
-    if (!q->prepare(sql)) fallar(q->lastError(), sql);
+    if (!q->prepare(sql)) fallar(q->lastError());
     return *preparadas_.emplace(sql, std::move(q)).first->second;
+}
+
+void Conexion::vincular(QSqlQuery& q, const QVariantList& valores) {
+    for (qsizetype i = 0; i < valores.size(); ++i) {
+        if (valores[i].typeId() == QMetaType::QString && tieneNul(valores[i].toString()))
+            fallarTexto(kNul);
+        q.bindValue(int(i), valores[i]);
+    }
 }
 
 void Conexion::insertar(const QString& tabla, const QStringList& columnas,
@@ -154,12 +162,8 @@ void Conexion::insertar(const QString& tabla, const QStringList& columnas,
     QSqlQuery& q = preparada(QStringLiteral("INSERT INTO ") + tabla + QStringLiteral(" (") +
                              columnas.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") +
                              marcas.join(QStringLiteral(", ")) + u')');
-    for (qsizetype i = 0; i < valores.size(); ++i) {
-        if (valores[i].typeId() == QMetaType::QString && tieneNul(valores[i].toString()))
-            fallarTexto(kNul);
-        q.bindValue(int(i), valores[i]);
-    }
-    if (!q.exec()) fallar(q.lastError(), q.lastQuery());
+    vincular(q, valores);
+    if (!q.exec()) fallar(q.lastError());
     q.finish();
 }
 
@@ -173,13 +177,9 @@ int Conexion::actualizar(const QString& tabla, const QStringList& columnas,
     QSqlQuery q(db_);
     if (!q.prepare(QStringLiteral("UPDATE ") + tabla + QStringLiteral(" SET ") +
                    asignaciones.join(QStringLiteral(", ")) + QStringLiteral(" WHERE ") + where))
-        fallar(q.lastError(), q.lastQuery());
-    for (qsizetype i = 0; i < valores.size(); ++i) {
-        if (valores[i].typeId() == QMetaType::QString && tieneNul(valores[i].toString()))
-            fallarTexto(kNul);
-        q.bindValue(int(i), valores[i]);
-    }
-    if (!q.exec()) fallar(q.lastError(), q.lastQuery());
+        fallar(q.lastError());
+    vincular(q, valores);
+    if (!q.exec()) fallar(q.lastError());
     return q.numRowsAffected();
 }
 
@@ -231,7 +231,7 @@ void Conexion::asegurarEsquema(esquema::Almacen almacen) {
                   "SELECT lower(tablename) FROM pg_tables WHERE schemaname = current_schema() "
                   "UNION SELECT lower(indexname) FROM pg_indexes WHERE schemaname = "
                   "current_schema()");
-    if (!q.exec(existentes)) fallar(q.lastError(), existentes);
+    if (!q.exec(existentes)) fallar(q.lastError());
     QSet<QString> nombres;
     while (q.next()) nombres.insert(q.value(0).toString());
     q.finish();
@@ -250,12 +250,11 @@ void Conexion::asegurarEsquema(esquema::Almacen almacen) {
     t.commit();
 }
 
-void Conexion::fallar(const QSqlError& error, const QString& sql) {
+void Conexion::fallar(const QSqlError& error) {
     const Proveedor p = dialecto_.proveedor();
     errores_ = {{p == Proveedor::SQLite ? QStringLiteral("SQLite") : QStringLiteral("PostgreSQL"),
                  error.nativeErrorCode().isEmpty() ? QStringLiteral("0") : error.nativeErrorCode(),
                  explicar(error, p)}};
-    Q_UNUSED(sql);
     bool numerico = false;
     const int numero = error.nativeErrorCode().toInt(&numerico);
     throw Error(numerico ? numero : errores::kAlmacen, errores_.first().descripcion);

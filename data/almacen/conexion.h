@@ -65,8 +65,9 @@ private:
     void abrirSqlite(const DescripcionAlmacen& d);
     void abrirPostgres(const DescripcionAlmacen& d);
     QSqlQuery& preparada(const QString& sql);
+    void vincular(QSqlQuery& consulta, const QVariantList& valores);
     void ejecutarDirecto(const QString& sql);
-    [[noreturn]] void fallar(const QSqlError& error, const QString& sql);
+    [[noreturn]] void fallar(const QSqlError& error);
     [[noreturn]] void fallarTexto(const QString& descripcion);
 
     QString texto_;
