@@ -195,6 +195,30 @@ private Q_SLOTS:
         }
     }
 
+    // A long read walked row by row while other statements run on the same connection, past
+    // the size of one batch of the server's cursor.
+    void lecturaLargaConOtrasConsultas() {
+        const int total = 4321;
+        {
+            Transaccion t(*sesion_conexion);
+            for (int i = 1; i <= total; ++i)
+                cuentas::Insert(*sesion_conexion, "E", QStringLiteral("4300%1").arg(i, 4, 10, QChar(u'0')), "Cliente",
+                                "S", 8, U);
+            t.commit();
+        }
+        Recordset rs = cuentas::GetList(*sesion_conexion, "codigo_empresa = 'E'", "cuenta", Cursor::Secuencial);
+        int vistas = 0;
+        QString anterior;
+        for (; !rs.eof(); rs.moveNext()) {
+            const QString cuenta = rs["cuenta"].toString();
+            QVERIFY(cuenta > anterior);
+            anterior = cuenta;
+            if (++vistas % 1000 == 0) QCOMPARE(filas("Cuentas", "cuenta = " + sqlTexto(cuenta)), 1);
+        }
+        QCOMPARE(vistas, total);
+        QCOMPARE(rs.recordCount(), total);
+    }
+
     void transaccionesAnidadas() {
         Conexion& c = *sesion_conexion;
         Transaccion exterior(c);

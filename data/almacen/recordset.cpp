@@ -23,6 +23,7 @@ Recordset& Recordset::operator=(Recordset&& otro) noexcept {
     valores_ = std::move(otro.valores_);
     fila_ = otro.fila_;
     filasLote_ = otro.filasLote_;
+    porLotes_ = otro.porLotes_;
     cuenta_ = otro.cuenta_;
     return *this;
 }
@@ -48,13 +49,20 @@ Recordset::Recordset(Conexion* conexion, QString sql, QString cursorServidor)
     siguienteLote();
 }
 
-void Recordset::leerTodo() {
+size_t Recordset::leerFilas() {
     const int n = columnas_.count();
+    valores_.clear();
+    fila_ = 0;
     while (consulta_.next())
         for (int i = 0; i < n; ++i) valores_.push_back(consulta_.value(i));
     consulta_.finish();
-    cuenta_ = n == 0 ? 0 : int(valores_.size() / size_t(n));
-    filasLote_ = size_t(cuenta_);
+    return n == 0 ? 0 : valores_.size() / size_t(n);
+}
+
+void Recordset::leerTodo() {
+    porLotes_ = true;
+    filasLote_ = leerFilas();
+    cuenta_ = int(filasLote_);
     eof_ = cuenta_ == 0;
 }
 
@@ -63,13 +71,8 @@ void Recordset::siguienteLote() {
     consulta_ = conexion_->consultaDirecta(QStringLiteral("FETCH FORWARD %1 FROM ").arg(kLote) +
                                            cursorServidor_);
     columnas_ = consulta_.record();
-    valores_.clear();
-    fila_ = 0;
-    const int n = columnas_.count();
-    while (consulta_.next())
-        for (int i = 0; i < n; ++i) valores_.push_back(consulta_.value(i));
-    consulta_.finish();
-    filasLote_ = n == 0 ? 0 : valores_.size() / size_t(n);
+    porLotes_ = true;
+    filasLote_ = leerFilas();
     eof_ = filasLote_ == 0;
     if (eof_) cerrarCursor();
 }
@@ -90,7 +93,7 @@ bool Recordset::eof() const {
 
 void Recordset::moveNext() {
     const int n = columnas_.count();
-    if (cursor_ == Cursor::Estatico || !cursorServidor_.isEmpty()) {
+    if (porLotes_) {
         if (eof_) return;
         ++fila_;
         if (fila_ < filasLote_) return;
@@ -142,8 +145,7 @@ QVariant Recordset::value(int indice) const {
     comprobarFila();
     if (indice < 0 || indice >= columnas_.count())
         throw Error(errores::kAlmacen, QStringLiteral("Columna fuera de la consulta."));
-    const bool porFilas = cursor_ == Cursor::Estatico || filasLote_ > 0;
-    const size_t base = porFilas ? fila_ * size_t(columnas_.count()) : 0;
+    const size_t base = porLotes_ ? fila_ * size_t(columnas_.count()) : 0;
     return valores_[base + size_t(indice)];
 }
 

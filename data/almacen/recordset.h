@@ -47,6 +47,7 @@ private:
     Recordset(Conexion* conexion, QString sql, QString cursorServidor);
     int indiceDe(const QString& campo) const;
     void comprobarFila() const;
+    size_t leerFilas();
     void leerTodo();
     void siguienteLote();
     void cerrarCursor();
@@ -63,5 +64,6 @@ private:
     std::vector<QVariant> valores_;
     size_t fila_ = 0;
     size_t filasLote_ = 0;
+    bool porLotes_ = false;  // valores_ holds whole rows, addressed by fila_
     int cuenta_ = -1;
 };
