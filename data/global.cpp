@@ -75,6 +75,8 @@ QString ExpandirCuenta(const QString& cuenta, int digitos) {
 }
 
 QString SiguienteNumero(const QString& empresa, int ejercicio, const QString& serie) {
+    if (!sesion_conexion)
+        throw Error(errores::kAlmacen, QStringLiteral("No hay conexión con el almacén."));
     Conexion& c = *sesion_conexion;
     const QString condicion = QStringLiteral("codigo_empresa = ") + sqlTexto(empresa) +
                               QStringLiteral(" and ejercicio = ") + QString::number(ejercicio) +
