@@ -48,10 +48,7 @@ class PruebaArranque : public QObject {
     Q_OBJECT
     std::unique_ptr<AlmacenPrueba> almacen;
 private Q_SLOTS:
-    void initTestCase() {
-        REQUIERE_ALMACEN();
-        almacen = std::make_unique<AlmacenPrueba>();
-    }
+    void initTestCase() { CREAR_ALMACEN(almacen); }
     void init() {
         almacen->nuevo();
         almacen->cerrar();
@@ -61,7 +58,6 @@ private Q_SLOTS:
         almacen->escribir("Saldeva.udl", almacen->descripcionPrincipal());
         almacen->cerrar();
     }
-    void cleanupTestCase() { almacen.reset(); }
 
     void primerArranque() {
         Arranque a = arrancar();

@@ -88,12 +88,10 @@ class PruebaCascadas : public QObject {
     std::unique_ptr<AlmacenPrueba> almacen;
 private Q_SLOTS:
     void initTestCase() {
-        REQUIERE_ALMACEN();
-        almacen = std::make_unique<AlmacenPrueba>();
+        CREAR_ALMACEN(almacen);
         rellenarPlantilla(*almacen);
     }
     void init() { almacen->nuevo(); }
-    void cleanupTestCase() { almacen.reset(); }
 
     void provisionDeUnaEmpresa() {
         Usuarios::Insert(*sesion_conexion, "", "", "ANA", "CLAVE", U, false);

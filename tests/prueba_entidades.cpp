@@ -401,12 +401,8 @@ class PruebaEntidades : public QObject {
     Q_OBJECT
     std::unique_ptr<AlmacenPrueba> almacen;
 private Q_SLOTS:
-    void initTestCase() {
-        REQUIERE_ALMACEN();
-        almacen = std::make_unique<AlmacenPrueba>();
-    }
+    void initTestCase() { CREAR_ALMACEN(almacen); }
     void init() { almacen->nuevo(); }
-    void cleanupTestCase() { almacen.reset(); }
 
     void idaYVuelta_data() {
         QTest::addColumn<QString>("clase");

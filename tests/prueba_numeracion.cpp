@@ -12,15 +12,11 @@ class PruebaNumeracion : public QObject {
     Q_OBJECT
     std::unique_ptr<AlmacenPrueba> almacen;
 private Q_SLOTS:
-    void initTestCase() {
-        REQUIERE_ALMACEN();
-        almacen = std::make_unique<AlmacenPrueba>();
-    }
+    void initTestCase() { CREAR_ALMACEN(almacen); }
     void init() {
         almacen->nuevo();
         sesion_usuario = QStringLiteral("ANA");
     }
-    void cleanupTestCase() { almacen.reset(); }
 
     void siguiente_data() {
         QTest::addColumn<int>("longitud");

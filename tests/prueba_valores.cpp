@@ -28,12 +28,8 @@ class PruebaValores : public QObject {
     Q_OBJECT
     std::unique_ptr<AlmacenPrueba> almacen;
 private Q_SLOTS:
-    void initTestCase() {
-        REQUIERE_ALMACEN();
-        almacen = std::make_unique<AlmacenPrueba>();
-    }
+    void initTestCase() { CREAR_ALMACEN(almacen); }
     void init() { almacen->nuevo(); }
-    void cleanupTestCase() { almacen.reset(); }
 
     void apostrofes_data() {
         QTest::addColumn<QString>("texto");
@@ -202,11 +198,13 @@ private Q_SLOTS:
         {
             Transaccion t(*sesion_conexion);
             for (int i = 1; i <= total; ++i)
-                cuentas::Insert(*sesion_conexion, "E", QStringLiteral("4300%1").arg(i, 4, 10, QChar(u'0')), "Cliente",
-                                "S", 8, U);
+                cuentas::Insert(*sesion_conexion, "E",
+                                QStringLiteral("4300%1").arg(i, 4, 10, QChar(u'0')), "Cliente", "S",
+                                8, U);
             t.commit();
         }
-        Recordset rs = cuentas::GetList(*sesion_conexion, "codigo_empresa = 'E'", "cuenta", Cursor::Secuencial);
+        Recordset rs = cuentas::GetList(*sesion_conexion, "codigo_empresa = 'E'", "cuenta",
+                                        Cursor::Secuencial);
         int vistas = 0;
         QString anterior;
         for (; !rs.eof(); rs.moveNext()) {

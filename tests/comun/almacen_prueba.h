@@ -50,3 +50,11 @@ int filas(const QString& tabla, const QString& condicion = QString());
             QSKIP(qPrintable(motivo_));                                   \
         }                                                                 \
     } while (false)
+
+// In initTestCase: the store of the test executable, once the store is known to be there.
+// It lives as long as the test object, and a PostgreSQL database of its own is dropped then.
+#define CREAR_ALMACEN(almacen)                       \
+    do {                                             \
+        REQUIERE_ALMACEN();                          \
+        almacen = std::make_unique<AlmacenPrueba>(); \
+    } while (false)
