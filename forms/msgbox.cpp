@@ -1,5 +1,7 @@
 #include "msgbox.h"
 
+#include "data/almacen/error.h"
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -38,4 +40,21 @@ Respuesta MsgBox(const QString& texto, Icono icono) {
     caja.setEscapeButton(no);
     caja.exec();
     return caja.clickedButton() == si ? Respuesta::Si : Respuesta::No;
+}
+
+void MostrarError(const std::exception& error) {
+    if (const auto* e = dynamic_cast<const Error*>(&error))
+        MsgBox(e->texto(), Icono::Critico);
+    else
+        MsgBox(QString::fromUtf8(error.what()), Icono::Critico);
+}
+
+bool Protegido(const std::function<void()>& operacion) {
+    try {
+        operacion();
+        return true;
+    } catch (const std::exception& e) {
+        MostrarError(e);
+        return false;
+    }
 }

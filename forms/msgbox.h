@@ -17,3 +17,8 @@ ManejadorMensajes establecerManejadorMensajes(ManejadorMensajes manejador);
 
 // The application's title, which titles every box and window.
 QString tituloAplicacion();
+
+// The forms' error handler: a failure shown as number, " - " and description in a critical
+// box (any other exception by its text). Gives false when `operacion` failed.
+void MostrarError(const std::exception& error);
+bool Protegido(const std::function<void()>& operacion);

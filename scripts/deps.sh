@@ -4,7 +4,7 @@
 #   deps.sh test   also the PostgreSQL server that the test suite starts for itself
 set -euo pipefail
 
-paquetes=(cmake ninja-build g++ qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql libgl-dev)
+paquetes=(cmake ninja-build g++ qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql libgl-dev fonts-dejavu-core)
 [ "${1:-}" = "test" ] && paquetes+=(postgresql-15)
 
 faltan=()

@@ -1,0 +1,91 @@
+#include "campos.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTimer>
+
+void EventosCampos::vigilar(QWidget* control, int indice) {
+    indices_.insert(control, indice);
+    control->installEventFilter(this);
+    if (auto* texto = qobject_cast<QLineEdit*>(control)) {
+        connect(texto, &QLineEdit::textChanged, this, [this, indice] {
+            if (!silencio && m_.cambio) m_.cambio(indice);
+        });
+    } else if (auto* caja = qobject_cast<QComboBox*>(control)) {
+        if (QLineEdit* interior = caja->lineEdit()) {
+            interior->installEventFilter(this);
+            indices_.insert(interior, indice);
+        }
+        connect(caja, &QComboBox::editTextChanged, this, [this, indice] {
+            if (!silencio && m_.cambio) m_.cambio(indice);
+        });
+    }
+}
+
+bool EventosCampos::eventFilter(QObject* objeto, QEvent* evento) {
+    const auto it = indices_.constFind(objeto);
+    if (it == indices_.constEnd() || silencio) return false;
+    const int indice = *it;
+    auto* control = qobject_cast<QWidget*>(objeto);
+    // The line edit inside an editable box reports for the box.
+    if (auto* caja = qobject_cast<QComboBox*>(control->parentWidget()); caja && indices_.contains(caja))
+        control = caja;
+
+    switch (evento->type()) {
+    case QEvent::FocusIn: {
+        if (control == devolviendo_) devolviendo_.clear();
+        if (objeto != control) return false;
+        if (m_.foco) m_.foco(indice);
+        // After the click that gave the focus, which would otherwise place the cursor.
+        if (auto* texto = qobject_cast<QLineEdit*>(control))
+            QTimer::singleShot(0, texto, [texto] { texto->selectAll(); });
+        return false;
+    }
+    case QEvent::FocusOut: {
+        if (objeto != control) return false;
+        const auto razon = static_cast<QFocusEvent*>(evento)->reason();
+        if (razon == Qt::ActiveWindowFocusReason || razon == Qt::PopupFocusReason) return false;
+        if (devolviendo_) return false;  // the focus is on its way back to a refused field
+        if (m_.validar && !m_.validar(indice)) {
+            devolviendo_ = control;
+            QTimer::singleShot(0, control, [control] { control->setFocus(Qt::OtherFocusReason); });
+            return false;
+        }
+        if (m_.salir) m_.salir(indice);
+        return false;
+    }
+    case QEvent::MouseButtonDblClick:
+        if (m_.dobleClic) m_.dobleClic(indice);
+        return false;
+    case QEvent::KeyPress: {
+        auto* tecla = static_cast<QKeyEvent*>(evento);
+        if (tecla->key() == Qt::Key_F10 && tecla->modifiers() == Qt::NoModifier) {
+            if (m_.dobleClic) m_.dobleClic(indice);
+            return true;
+        }
+        const bool intro = tecla->key() == Qt::Key_Return || tecla->key() == Qt::Key_Enter;
+        auto* caja = qobject_cast<QComboBox*>(control);
+        if (intro && !(caja && caja->view()->isVisible())) {
+            QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+            QApplication::sendEvent(control, &tab);
+            return true;
+        }
+        return false;
+    }
+    default:
+        return false;
+    }
+}
+
+void rotular(QLabel* etiqueta, QWidget* control) {
+    etiqueta->setBuddy(control);
+    QString nombre = etiqueta->text();
+    nombre.remove(QLatin1Char('&'));
+    if (nombre.endsWith(QLatin1Char(':'))) nombre.chop(1);
+    control->setAccessibleName(nombre.trimmed());
+}

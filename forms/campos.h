@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <functional>
+
+class QLabel;
+class QWidget;
+
+// The events of a form's indexed fields, dispatched to per-index hooks: receiving the focus,
+// the check on leaving (which may refuse, and then the focus goes back to the field), leaving,
+// changing, double click, and the lookup key F10. Enter moves on like Tab, so that a form is
+// worked from the keyboard.
+//
+// Leaving is leaving for another control of the same window: a message box, a lookup window or
+// a switch to another window does not validate the field.
+class EventosCampos : public QObject {
+    Q_OBJECT
+public:
+    struct Manejadores {
+        std::function<void(int)> foco;
+        std::function<bool(int)> validar;  // false keeps the focus in the field
+        std::function<void(int)> salir;
+        std::function<void(int)> cambio;
+        std::function<void(int)> dobleClic;  // also F10
+    };
+
+    explicit EventosCampos(QObject* padre = nullptr) : QObject(padre) {}
+    void manejadores(Manejadores m) { m_ = std::move(m); }
+
+    // A text field or editable box of index `indice`.
+    void vigilar(QWidget* control, int indice);
+
+    // While true, nothing is dispatched (fields being filled by the program).
+    bool silencio = false;
+
+protected:
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+private:
+    Manejadores m_;
+    QHash<QObject*, int> indices_;
+    QPointer<QWidget> devolviendo_;  // the field the focus is being sent back to
+};
+
+// The label's caption without its accelerator mark and its colon: the accessible name of the
+// control it stands for, which also becomes the label's buddy.
+void rotular(QLabel* etiqueta, QWidget* control);

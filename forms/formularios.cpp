@@ -1,0 +1,118 @@
+#include "formularios.h"
+
+#include "data/global.h"
+#include "formulario.h"
+#include "msgbox.h"
+
+#include <QApplication>
+#include <QHash>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPointer>
+
+namespace formularios {
+namespace {
+
+QHash<QString, Fabrica>& fabricas() {
+    static QHash<QString, Fabrica> tabla;
+    return tabla;
+}
+
+QPointer<QMdiArea>& areaActual() {
+    static QPointer<QMdiArea> a;
+    return a;
+}
+
+// Standalone forms (no MDI area) are found among the top-level widgets.
+QList<Formulario*> sueltos() {
+    QList<Formulario*> lista;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (auto* f = qobject_cast<Formulario*>(w); f && f->isVisible()) lista.append(f);
+    return lista;
+}
+
+void traerAlFrente(Formulario* f) {
+    QWidget* marco = f->ventana();
+    if (marco->isMinimized()) marco->showNormal();
+    marco->show();
+    marco->raise();
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(marco); sub && areaActual())
+        areaActual()->setActiveSubWindow(sub);
+    else
+        marco->activateWindow();
+    f->setFocus();
+}
+
+}  // namespace
+
+void registrar(const QString& nombre, Fabrica fabrica) {
+    fabricas().insert(nombre.toUpper(), std::move(fabrica));
+}
+
+bool registrado(const QString& nombre) {
+    return fabricas().contains(nombre.trimmed().toUpper());
+}
+
+void establecerArea(QMdiArea* a) {
+    areaActual() = a;
+}
+
+QMdiArea* area() {
+    return areaActual();
+}
+
+QList<Formulario*> abiertos() {
+    QList<Formulario*> lista;
+    if (areaActual())
+        for (QMdiSubWindow* sub : areaActual()->subWindowList())
+            if (auto* f = qobject_cast<Formulario*>(sub->widget())) lista.append(f);
+    lista.append(sueltos());
+    return lista;
+}
+
+Formulario* buscar(const QString& nombre) {
+    const QString buscado = nombre.trimmed().toUpper();
+    for (Formulario* f : abiertos())
+        if (f->nombre().toUpper() == buscado) return f;
+    return nullptr;
+}
+
+void mostrar(Formulario* formulario) {
+    if (areaActual()) {
+        QMdiSubWindow* sub = areaActual()->addSubWindow(formulario);
+        sub->setAttribute(Qt::WA_DeleteOnClose);
+        sub->setWindowIcon(QIcon());
+    } else {
+        formulario->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    traerAlFrente(formulario);
+}
+
+Formulario* abrir(const QString& nombre) {
+    if (nombre.trimmed().isEmpty()) return nullptr;
+    if (Formulario* abierto = buscar(nombre)) {
+        traerAlFrente(abierto);
+        return abierto;
+    }
+    const auto fabrica = fabricas().constFind(nombre.trimmed().toUpper());
+    if (fabrica == fabricas().constEnd()) {
+        MsgBox(QStringLiteral("No existe el formulario \"%1\".").arg(nombre.trimmed()),
+               Icono::Critico);
+        return nullptr;
+    }
+    QPointer<Formulario> formulario;
+    if (!Protegido([&] { formulario = (*fabrica)(); }) || !formulario) return nullptr;
+    mostrar(formulario);
+    if (formulario && formulario->requiereEmpresa() && sesion_empresa.isEmpty()) {
+        MsgBox(QStringLiteral("No se ha especificado la empresa."), Icono::Critico);
+        formulario->descargar();
+        return nullptr;
+    }
+    return formulario;
+}
+
+void cerrarTodos() {
+    for (Formulario* f : abiertos()) f->descargar();
+}
+
+}  // namespace formularios

@@ -1,0 +1,322 @@
+#include "mantenimiento.h"
+
+#include "barra.h"
+#include "campos.h"
+#include "data/almacen/sql.h"
+#include "data/auxiliar.h"
+#include "data/formato.h"
+#include "data/global.h"
+#include "data/mensajes.h"
+#include "lista.h"
+#include "lupa.h"
+#include "msgbox.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace mantenimiento {
+
+QString numeroSql(const QString& texto) {
+    const auto numero = formato::leerNumero(texto);
+    return numero ? formato::textoDouble(*numero) : texto;
+}
+
+QString textoCampo(const QVariant& valor, Tipo tipo) {
+    const QVariant v = Nz(valor);
+    switch (tipo) {
+    case Tipo::Fecha:
+        return Auxiliar::dDate(v.toString());
+    case Tipo::Numero: {
+        bool ok = false;
+        const double numero = v.toDouble(&ok);
+        return ok ? formato::textoDouble(numero).replace(u'.', u',') : v.toString();
+    }
+    case Tipo::Texto:
+        break;
+    }
+    return v.toString();
+}
+
+}  // namespace mantenimiento
+
+using namespace mantenimiento;
+
+FormularioMantenimiento::FormularioMantenimiento(Declaracion declaracion, QWidget* padre)
+    : Formulario(declaracion.nombre, declaracion.titulo, padre), d_(std::move(declaracion)) {
+    construir();
+}
+
+FormularioMantenimiento::~FormularioMantenimiento() = default;
+
+void FormularioMantenimiento::construir() {
+    auto* columna = new QVBoxLayout(this);
+    columna->setContentsMargins(4, 0, 4, 4);
+
+    toolbar_ = new QToolBar(this);
+    toolbar_->setObjectName(QStringLiteral("Toolbar") + d_.sufijo);
+    MontarToolbar(toolbar_, this);
+    columna->addWidget(toolbar_);
+
+    auto* datos = new QFrame(this);
+    datos->setObjectName(QStringLiteral("frmDatos"));
+    datos->setFrameShape(QFrame::StyledPanel);
+    auto* rejilla = new QGridLayout(datos);
+    // Long declarations take two columns of label and field.
+    const int porColumna = d_.campos.size() > 8 ? int(d_.campos.size() + 1) / 2 : int(d_.campos.size());
+    eventos_ = new EventosCampos(this);
+    for (int i = 0; i < d_.campos.size(); ++i) {
+        const Campo& c = d_.campos[i];
+        auto* etiqueta = new QLabel(c.etiqueta, datos);
+        etiqueta->setObjectName(QStringLiteral("lbl(%1)").arg(i));
+        auto* campo = new QLineEdit(datos);
+        campo->setObjectName(QStringLiteral("txt(%1)").arg(i));
+        campo->setProperty("Tag", c.lupa);
+        if (c.longitud > 0) campo->setMaxLength(c.longitud);
+        if (c.ancho > 0)
+            campo->setMaximumWidth(campo->fontMetrics().averageCharWidth() * (c.ancho + 2) + 12);
+        rotular(etiqueta, campo);
+        const int fila = i % porColumna, par = 2 * (i / porColumna);
+        rejilla->addWidget(etiqueta, fila, par);
+        rejilla->addWidget(campo, fila, par + 1);
+        eventos_->vigilar(campo, i);
+        txt_.append(campo);
+        lbl_.append(etiqueta);
+    }
+    for (int par = 1; par < rejilla->columnCount(); par += 2) rejilla->setColumnStretch(par, 1);
+    columna->addWidget(datos);
+
+    lista_ = new ListaClaves(this);
+    lista_->setObjectName(QStringLiteral("ListView") + d_.sufijo);
+    lista_->setAccessibleName(d_.titulo);
+    QStringList titulos;
+    QList<int> anchos;
+    for (const Columna& c : d_.columnas) {
+        titulos << c.titulo;
+        anchos << c.ancho;
+    }
+    lista_->columnas(titulos, anchos);
+    columna->addWidget(lista_, 1);
+    guardarColumnasDe(lista_);
+    // A double click on a row, or Enter on it, loads its record.
+    connect(lista_, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* fila) {
+        ponerTexto(0, fila->text(0));
+        alSalir(0);
+        txt_[0]->setFocus();
+    });
+
+    eventos_->manejadores({
+        .foco = [this](int i) { alFoco(i); },
+        .validar = [this](int i) { return alValidar(i); },
+        .salir = [this](int i) { alSalir(i); },
+        .cambio = {},
+        .dobleClic = [this](int i) { alDobleClic(i); },
+    });
+
+    const auto conectar = [this](const QString& clave, auto metodo) {
+        connect(Boton(toolbar_, clave), &QAction::triggered, this, metodo);
+    };
+    conectar(claves::cancelar, [this] { LimpiarCampos(); });
+    conectar(claves::insertar, [this] {
+        if (validarDatos()) AltaRegistro();
+    });
+    conectar(claves::modificar, [this] {
+        if (validarDatos()) ModificarRegistro();
+    });
+    conectar(claves::filtrar, [this] { Filtrar(); });
+    if (d_.lupaEnBarra) conectar(claves::lupa, [this] { mostrarLupa(); });
+    conectar(claves::borrar, [this] { BorrarRegistro(); });
+    conectar(claves::listar, [this] { RefrescarLista(QString()); });
+    DesactivarBotones(toolbar_, {claves::lupa, claves::imprimir});
+
+    setFocusProxy(txt_.value(0));
+    tamanoInicial(560, 420);
+}
+
+bool FormularioMantenimiento::requiereEmpresa() const {
+    return d_.alcance != Alcance::General;
+}
+
+void FormularioMantenimiento::ponerTexto(int i, const QString& texto) {
+    eventos_->silencio = true;
+    txt_[i]->setText(texto);
+    eventos_->silencio = false;
+}
+
+QStringList FormularioMantenimiento::valores() const {
+    QStringList v;
+    for (const QLineEdit* t : txt_) v << t->text();
+    return v;
+}
+
+int FormularioMantenimiento::indicePorColumna(const QString& columna) const {
+    for (int i = 0; i < d_.campos.size(); ++i)
+        if (d_.campos[i].columna.compare(columna, Qt::CaseInsensitive) == 0) return i;
+    return -1;
+}
+
+QString FormularioMantenimiento::condicionBase() const {
+    switch (d_.alcance) {
+    case Alcance::General:
+        return {};
+    case Alcance::Empresa:
+        return QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa);
+    case Alcance::Ejercicio:
+        return QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) +
+               QStringLiteral(" and ejercicio = ") + QString::number(sesion_ejercicio);
+    }
+    return {};
+}
+
+QString FormularioMantenimiento::condicionCodigo(const QString& codigo) const {
+    const Campo& clave = d_.campos[0];
+    const QString valor = clave.tipo == Tipo::Numero ? numeroSql(codigo)
+                          : clave.tipo == Tipo::Fecha ? sqlTexto(Auxiliar::sDate(codigo))
+                                                      : sqlTexto(codigo);
+    const QString base = condicionBase();
+    return (base.isEmpty() ? QString() : base + QStringLiteral(" and ")) + clave.columna +
+           QStringLiteral(" = ") + valor;
+}
+
+bool FormularioMantenimiento::existe(const QString& codigo) const {
+    return Auxiliar::vBuscarCampo(d_.tabla, d_.campos[0].columna, condicionCodigo(codigo),
+                                  QStringLiteral("#"))
+               .toString() != QStringLiteral("#");
+}
+
+void FormularioMantenimiento::alFoco(int i) {
+    activo_ = i;
+    Boton(toolbar_, claves::lupa)->setEnabled(!d_.campos[i].lupa.isEmpty());
+}
+
+void FormularioMantenimiento::alDobleClic(int i) {
+    activo_ = i;
+    if (Boton(toolbar_, claves::lupa)->isEnabled()) mostrarLupa();
+}
+
+void FormularioMantenimiento::mostrarLupa() {
+    Protegido([this] { MostrarLupa(this); });
+}
+
+bool FormularioMantenimiento::alValidar(int i) {
+    const Campo& c = d_.campos[i];
+    const QString texto = txt_[i]->text();
+    if (texto.isEmpty() || !c.comprobar) return true;
+    const QString mensaje = c.comprobar(texto);
+    if (mensaje.isEmpty()) return true;
+    MsgBox(mensaje, Icono::Critico);
+    return false;
+}
+
+void FormularioMantenimiento::alSalir(int i) {
+    if (i == 0 && !txt_[0]->text().isEmpty()) Protegido([this] { cargarCodigo(); });
+}
+
+void FormularioMantenimiento::cargarCodigo() {
+    Recordset fila = d_.listar(condicionCodigo(txt_[0]->text()), QString());
+    if (fila.eof()) return;
+    for (int i = 1; i < d_.campos.size(); ++i)
+        if (!d_.campos[i].columna.isEmpty())
+            ponerTexto(i, textoCampo(fila.value(d_.campos[i].columna), d_.campos[i].tipo));
+}
+
+void FormularioMantenimiento::LimpiarCampos() {
+    for (int i = 0; i < txt_.size(); ++i) ponerTexto(i, QString());
+    txt_[0]->setFocus();
+}
+
+bool FormularioMantenimiento::validarDatos() {
+    for (int i = 0; i < d_.campos.size(); ++i) {
+        if (d_.campos[i].obligatorio && txt_[i]->text().isEmpty()) {
+            txt_[i]->setFocus();
+            MsgBox(MensajeError(1000), Icono::Critico);
+            return false;
+        }
+    }
+    return true;
+}
+
+QStringList FormularioMantenimiento::filaDesdeCampos() const {
+    QStringList fila;
+    for (const Columna& c : d_.columnas) {
+        const int i = indicePorColumna(c.columna);
+        fila << (i >= 0 ? txt_[i]->text() : QString());
+    }
+    return fila;
+}
+
+void FormularioMantenimiento::AltaRegistro() {
+    const QString codigo = txt_[0]->text();
+    if (codigo.isEmpty()) return;
+    Protegido([&] {
+        if (existe(codigo)) {
+            MsgBox(MensajeError(d_.mensajeExiste), Icono::Critico);
+            return;
+        }
+        d_.insertar(valores());
+        lista_->agregar(QStringLiteral("K") + codigo, filaDesdeCampos());
+        LimpiarCampos();
+    });
+}
+
+void FormularioMantenimiento::ModificarRegistro() {
+    const QString codigo = txt_[0]->text();
+    if (codigo.isEmpty()) return;
+    Protegido([&] {
+        if (!existe(codigo)) {
+            MsgBox(MensajeError(d_.mensajeFalta), Icono::Critico);
+            return;
+        }
+        d_.actualizar(valores());
+        lista_->actualizar(QStringLiteral("K") + codigo, filaDesdeCampos());
+        LimpiarCampos();
+    });
+}
+
+bool FormularioMantenimiento::puedeBorrar(const QString&) {
+    return true;
+}
+
+void FormularioMantenimiento::BorrarRegistro() {
+    const QString codigo = txt_[0]->text();
+    const bool hecho = codigo.isEmpty() || Protegido([&] {
+        if (!existe(codigo) || !puedeBorrar(codigo)) return;
+        if (MsgBox(d_.pregunta(codigo), Icono::Pregunta) != Respuesta::Si) return;
+        d_.borrar(codigo);
+        const QString clave = QStringLiteral("K") + codigo;
+        if (lista_->contiene(clave)) lista_->quitar(clave);
+    });
+    // A failed delete keeps the fields, as every failed store operation does.
+    if (hecho) LimpiarCampos();
+}
+
+void FormularioMantenimiento::Filtrar() {
+    QString condicion = condicionBase();
+    for (int i = 0; i < d_.campos.size(); ++i) {
+        const QString texto = txt_[i]->text();
+        const Campo& c = d_.campos[i];
+        if (texto.isEmpty() || c.columna.isEmpty()) continue;
+        const QString valor = c.tipo == Tipo::Numero ? numeroSql(texto)
+                              : c.tipo == Tipo::Fecha ? sqlTexto(Auxiliar::sDate(texto))
+                                                      : sqlTexto(texto);
+        if (!condicion.isEmpty()) condicion += QStringLiteral(" and ");
+        condicion += c.columna + QStringLiteral(" = ") + valor;
+    }
+    RefrescarLista(condicion);
+}
+
+void FormularioMantenimiento::RefrescarLista(const QString& condicion) {
+    Protegido([&] {
+        lista_->limpiar();
+        Recordset filas = d_.listar(condicion.isEmpty() ? condicionBase() : condicion, d_.orden);
+        for (; !filas.eof(); filas.moveNext()) {
+            QStringList textos;
+            for (const Columna& c : d_.columnas) textos << textoCampo(filas.value(c.columna), c.tipo);
+            lista_->agregar(QStringLiteral("K") + textos.value(0), textos);
+        }
+    });
+}
