@@ -1,0 +1,114 @@
+#include "frmmain.h"
+
+#include "data/arranque.h"
+#include "data/global.h"
+#include "forms/formularios.h"
+#include "forms/geometria.h"
+#include "forms/msgbox.h"
+#include "sesion.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDateTime>
+#include <QLabel>
+#include <QMdiArea>
+#include <QPushButton>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+
+namespace {
+const QString kSeccion = QStringLiteral("frmMain");
+}
+
+frmMain::frmMain() {
+    setObjectName(kSeccion);
+    setWindowTitle(tituloAplicacion());
+    area_ = new QMdiArea(this);
+    area_->setObjectName(QStringLiteral("MDIArea"));
+    setCentralWidget(area_);
+    formularios::establecerArea(area_);
+
+    auto* barra = new QToolBar(this);
+    barra->setObjectName(QStringLiteral("ToolbarMain"));
+    barra->setMovable(false);
+    barra->setFloatable(false);
+    reiniciar_ = new QPushButton(QStringLiteral("Cambio de empresa/ejercicio"), barra);
+    reiniciar_->setObjectName(QStringLiteral("cmdReiniciar"));
+    salir_ = new QPushButton(QStringLiteral("Salir"), barra);
+    salir_->setObjectName(QStringLiteral("cmdSalir"));
+    // Each button takes half the screen's width.
+    const int mitad = QApplication::primaryScreen() ? QApplication::primaryScreen()->size().width() / 2 : 400;
+    for (QPushButton* b : {reiniciar_, salir_}) {
+        b->setMinimumWidth(mitad / 3);
+        b->setMaximumWidth(mitad);
+        b->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        barra->addWidget(b);
+    }
+    addToolBar(Qt::TopToolBarArea, barra);
+
+    auto* estado = new QStatusBar(this);
+    estado->setObjectName(QStringLiteral("sbStatusBar"));
+    setStatusBar(estado);
+    const QString iniciales[] = {QStringLiteral("Estado"), {}, {}, {}, {}, {}, {},
+                                 QStringLiteral("MAYÚS"), QStringLiteral("NÚM"), QStringLiteral("INS")};
+    for (int i = 0; i < 10; ++i) {
+        auto* panel = new QLabel(iniciales[i], estado);
+        panel->setObjectName(QStringLiteral("panel%1").arg(i + 1));
+        panel->setFrameShape(QFrame::Panel);
+        panel->setFrameShadow(QFrame::Sunken);
+        panel->setContentsMargins(4, 0, 4, 0);
+        if (i == 0)
+            estado->addWidget(panel, 1);
+        else if (i < 5)
+            estado->addWidget(panel, 2);
+        else
+            estado->addPermanentWidget(panel);
+        paneles_ << panel;
+    }
+    actualizarReloj();
+    auto* reloj = new QTimer(this);
+    connect(reloj, &QTimer::timeout, this, &frmMain::actualizarReloj);
+    reloj->start(1000);
+
+    connect(reiniciar_, &QPushButton::clicked, this, [] {
+        if (MsgBox(QStringLiteral("¿Realmente desea cambiar de empresa ") + tituloAplicacion() + u'?',
+                   Icono::Pregunta) == Respuesta::Si)
+            CambiarSesion();
+    });
+    connect(salir_, &QPushButton::clicked, this, [] {
+        if (MsgBox(QStringLiteral("¿Realmente quiere salir de ") + tituloAplicacion() + u'?',
+                   Icono::Pregunta) == Respuesta::Si)
+            terminarProceso();
+    });
+
+    resize(1100, 720);
+    geometria::restaurar(this, kSeccion);
+}
+
+frmMain::~frmMain() {
+    if (formularios::area() == area_) formularios::establecerArea(nullptr);
+}
+
+void frmMain::rellenarEstado() {
+    panel(2)->setText(QStringLiteral("PC: ") + NombrePC());
+    panel(3)->setText(QStringLiteral("Empresa: ") + sesion_empresa);
+    panel(4)->setText(QStringLiteral("Delegación: ") + sesion_delegacion);
+    panel(5)->setText(QStringLiteral("Ejercicio: ") + QString::number(sesion_ejercicio));
+}
+
+void frmMain::actualizarReloj() {
+    const QDateTime ahora = QDateTime::currentDateTime();
+    panel(6)->setText(ahora.toString(QStringLiteral("dd/MM/yyyy")));
+    panel(7)->setText(ahora.toString(QStringLiteral("HH:mm")));
+}
+
+void frmMain::closeEvent(QCloseEvent* evento) {
+    // Forms first, each writing its own geometry; then the stores; then this window.
+    formularios::cerrarTodos();
+    cerrarAlmacenes();
+    geometria::guardar(this, kSeccion);
+    evento->accept();
+    olvidarPrincipal();
+}
