@@ -1,0 +1,58 @@
+#include "gui_prueba.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QtTest>
+
+Buzon::Buzon() {
+    anterior_ = establecerManejadorMensajes([this](const QString& texto, Icono icono) {
+        textos << texto;
+        iconos << icono;
+        if (icono != Icono::Pregunta) return Respuesta::Aceptar;
+        return respuestas.isEmpty() ? Respuesta::No : respuestas.takeFirst();
+    });
+}
+
+Buzon::~Buzon() {
+    establecerManejadorMensajes(anterior_);
+}
+
+void activar(QWidget* ventana) {
+    QWidget* marco = ventana->window();
+    marco->show();
+    QApplication::setActiveWindow(marco);
+    if (!QTest::qWaitForWindowActive(marco)) qWarning("la ventana no se activó");
+}
+
+void escribir(QLineEdit* campo, const QString& texto) {
+    campo->setFocus(Qt::TabFocusReason);
+    QApplication::processEvents();
+    campo->selectAll();
+    if (texto.isEmpty())
+        QTest::keyClick(campo, Qt::Key_Delete);
+    else
+        QTest::keyClicks(campo, texto);
+}
+
+void salir(QWidget* campo) {
+    QTest::keyClick(campo, Qt::Key_Tab);
+    QApplication::processEvents();
+}
+
+void teclear(QLineEdit* campo, const QString& texto) {
+    escribir(campo, texto);
+    salir(campo);
+}
+
+namespace {
+QtMessageHandler anterior = nullptr;
+}  // namespace
+
+void silenciarAvisosDePlataforma() {
+    // The offscreen platform warns of every window whose size hints it cannot pass on.
+    anterior = qInstallMessageHandler(
+        [](QtMsgType tipo, const QMessageLogContext& contexto, const QString& texto) {
+            if (texto.contains(QLatin1String("propagateSizeHints"))) return;
+            if (anterior) anterior(tipo, contexto, texto);
+        });
+}

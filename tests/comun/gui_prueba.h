@@ -1,0 +1,44 @@
+#pragma once
+
+#include "forms/msgbox.h"
+
+#include <QList>
+#include <QStringList>
+
+class QLineEdit;
+class QWidget;
+
+// What the message boxes said while it lived, and the answers given to the questions, in order
+// (No once the queue is empty).
+class Buzon {
+public:
+    Buzon();
+    ~Buzon();
+    Buzon(const Buzon&) = delete;
+    Buzon& operator=(const Buzon&) = delete;
+
+    QStringList textos;
+    QList<Icono> iconos;
+    QList<Respuesta> respuestas;
+
+    QString ultimo() const { return textos.value(textos.size() - 1); }
+    void vaciar() {
+        textos.clear();
+        iconos.clear();
+    }
+
+private:
+    ManejadorMensajes anterior_;
+};
+
+// Shows the window and waits until it is active, so that the focus moves as for a user.
+void activar(QWidget* ventana);
+// Gives the field the focus and types the text over what it held, key by key.
+void escribir(QLineEdit* campo, const QString& texto);
+// Leaves the field with Tab, as the user does.
+void salir(QWidget* campo);
+// Types into the field and leaves it.
+void teclear(QLineEdit* campo, const QString& texto);
+// In initTestCase: drops the offscreen platform's warnings about size hints, which say
+// nothing about the program.
+void silenciarAvisosDePlataforma();
