@@ -190,7 +190,7 @@ bool FormularioMantenimiento::existe(const QString& codigo) const {
 
 void FormularioMantenimiento::alFoco(int i) {
     activo_ = i;
-    Boton(toolbar_, claves::lupa)->setEnabled(!d_.campos[i].lupa.isEmpty());
+    Boton(toolbar_, claves::lupa)->setEnabled(!txt_[i]->property("Tag").toString().isEmpty());
 }
 
 void FormularioMantenimiento::alDobleClic(int i) {

@@ -49,10 +49,11 @@ QtMessageHandler anterior = nullptr;
 }  // namespace
 
 void silenciarAvisosDePlataforma() {
-    // The offscreen platform warns of every window whose size hints it cannot pass on.
+    // The offscreen platform warns of every window operation it cannot carry out (size hints,
+    // raising a window).
     anterior = qInstallMessageHandler(
         [](QtMsgType tipo, const QMessageLogContext& contexto, const QString& texto) {
-            if (texto.contains(QLatin1String("propagateSizeHints"))) return;
+            if (texto.startsWith(QLatin1String("This plugin does not support"))) return;
             if (anterior) anterior(tipo, contexto, texto);
         });
 }
