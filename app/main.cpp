@@ -5,12 +5,14 @@
 #include "session/sesion.h"
 
 #include <QApplication>
+#include <QIcon>
 
 int main(int argc, char* argv[]) {
     QApplication aplicacion(argc, argv);
     QApplication::setApplicationName(tituloAplicacion());
     QApplication::setApplicationVersion(QStringLiteral(SALDEVA_VERSION));
     programa::establecerCarpeta(QApplication::applicationDirPath());
+    QApplication::setWindowIcon(QIcon(programa::ruta(QStringLiteral("icons16/saldeva.ico"))));
     registrarFormulariosSesion();
     VentanasPrograma ventanas;
     int resultado = Main(ventanas);

@@ -81,7 +81,7 @@ void mostrar(Formulario* formulario) {
     if (areaActual()) {
         QMdiSubWindow* sub = areaActual()->addSubWindow(formulario);
         sub->setAttribute(Qt::WA_DeleteOnClose);
-        sub->setWindowIcon(QIcon());
+        sub->setWindowIcon(QApplication::windowIcon());
     } else {
         formulario->setAttribute(Qt::WA_DeleteOnClose);
     }

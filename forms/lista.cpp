@@ -14,7 +14,7 @@ ListaClaves::ListaClaves(QWidget* padre) : QTreeWidget(padre) {
     setAlternatingRowColors(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setAllColumnsShowFocus(true);
-    header()->setStretchLastSection(false);
+    header()->setStretchLastSection(true);
 }
 
 void ListaClaves::columnas(const QStringList& titulos, const QList<int>& anchos) {

@@ -82,7 +82,7 @@ void FormularioMantenimiento::construir() {
         rotular(etiqueta, campo);
         const int fila = i % porColumna, par = 2 * (i / porColumna);
         rejilla->addWidget(etiqueta, fila, par);
-        rejilla->addWidget(campo, fila, par + 1);
+        rejilla->addWidget(campo, fila, par + 1, c.ancho > 0 ? Qt::AlignLeft : Qt::Alignment());
         eventos_->vigilar(campo, i);
         txt_.append(campo);
         lbl_.append(etiqueta);

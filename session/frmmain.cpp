@@ -83,7 +83,12 @@ frmMain::frmMain() {
             terminarProceso();
     });
 
-    resize(1100, 720);
+    // Until Saldeva.ini says otherwise, most of the screen.
+    if (const QScreen* pantalla = QApplication::primaryScreen()) {
+        const QRect util = pantalla->availableGeometry();
+        const QSize tamano = util.size() * 0.9;
+        setGeometry(QRect(util.center() - QPoint(tamano.width() / 2, tamano.height() / 2), tamano));
+    }
     geometria::restaurar(this, kSeccion);
 }
 

@@ -74,6 +74,8 @@ void frmMenu::llenarArbol() {
         nodos.insert(items_[i], nodo);
         iconos(nullptr, nodo);
     }
+    // Open at start: the whole menu is one glance and one arrow key away.
+    arbol_->expandAll();
     if (arbol_->topLevelItemCount() > 0) arbol_->setCurrentItem(arbol_->topLevelItem(0));
 }
 

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The layers keep to their places: only data/ speaks to the stores (no Qt SQL class, no
-# knowledge of the provider anywhere else), and data/ knows nothing of widgets.
+# knowledge of the provider anywhere else), data/ knows nothing of widgets, and forms/ (what
+# all forms share) knows no particular subsystem's form.
 set -u
 cd "$(dirname "$0")/.."
 fallos=0
@@ -9,5 +10,7 @@ fuera=$(grep -rlE 'QSql(Query|Database|Error|Record)|Proveedor::|almacen/dialect
 if [ -n "$fuera" ]; then echo "Acceso al almacén fuera de data/:"; echo "$fuera"; fallos=1; fi
 widgets=$(grep -rlE '#include <Q(Widget|Dialog|MessageBox|Application|MainWindow)' data 2>/dev/null)
 if [ -n "$widgets" ]; then echo "Widgets dentro de data/:"; echo "$widgets"; fallos=1; fi
+arriba=$(grep -rlE '#include "(session|setup|posting|portfolio|reports|yearend)/' forms 2>/dev/null)
+if [ -n "$arriba" ]; then echo "forms/ depende de un subsistema de encima:"; echo "$arriba"; fallos=1; fi
 [ $fallos -eq 0 ] && echo "1 passed, 0 failed"
 exit $fallos

@@ -1,5 +1,5 @@
 // saldeva-iconos CARPETA: draws the toolbar icons (validar, borrar, buscar, cancelar, imprimir,
-// listar, modificar, filtrar, ayudar, insertar, lupa) as .ico files of 16 and 32 pixels. They
+// listar, modificar, filtrar, ayudar, insertar, lupa) and the program's own as .ico files of 16 and 32 pixels. They
 // are plain vector drawings of ours, so the program's folder needs no artwork from elsewhere.
 #include <QColor>
 #include <QDir>
@@ -130,6 +130,18 @@ const std::pair<const char*, Dibujo> kIconos[] = {
          p.setPen(pluma(Qt::white, 1.6));
          p.drawLine(QPointF(11, 8.5), QPointF(11, 13.5));
          p.drawLine(QPointF(8.5, 11), QPointF(13.5, 11));
+     }},
+    // The program's own icon: a ledger page with a balance mark.
+    {"saldeva",
+     [](QPainter& p) {
+         p.setPen(pluma(kTinta, 1));
+         p.setBrush(QColor(30, 110, 80));
+         p.drawRoundedRect(QRectF(1.5, 1.5, 13, 13), 2, 2);
+         p.setBrush(kPapel);
+         p.drawRect(QRectF(4.5, 3.5, 8, 9));
+         p.setPen(pluma(kTinta, 0.8));
+         p.drawLine(QPointF(8.5, 3.5), QPointF(8.5, 12.5));
+         for (double y = 5.5; y < 12; y += 2) p.drawLine(QPointF(5.5, y), QPointF(11.5, y));
      }},
     {"lupa",
      [](QPainter& p) {
