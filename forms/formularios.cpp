@@ -78,6 +78,10 @@ Formulario* buscar(const QString& nombre) {
 }
 
 void mostrar(Formulario* formulario) {
+    if (qobject_cast<QMdiSubWindow*>(formulario->parentWidget())) {
+        traerAlFrente(formulario);
+        return;
+    }
     if (areaActual()) {
         QMdiSubWindow* sub = areaActual()->addSubWindow(formulario);
         sub->setAttribute(Qt::WA_DeleteOnClose);

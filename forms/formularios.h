@@ -24,7 +24,7 @@ QMdiArea* area();
 Formulario* buscar(const QString& nombre);
 QList<Formulario*> abiertos();
 
-// Shows a form made elsewhere inside the main window.
+// Shows a form made elsewhere inside the main window, or brings it forward if it is shown.
 void mostrar(Formulario* formulario);
 
 // Opens the form of that name, or brings the open one forward, shown and focused. An empty

@@ -237,6 +237,8 @@ bool FormularioMantenimiento::validarDatos() {
             return false;
         }
     }
+    for (int i = 0; i < d_.campos.size(); ++i)
+        if (d_.campos[i].ceroSiVacio && txt_[i]->text().isEmpty()) ponerTexto(i, QStringLiteral("0"));
     return true;
 }
 

@@ -32,6 +32,7 @@ struct Campo {
     QString lupa;     // the field's Tag: the lookup "TABLA.columna", or empty
     int longitud = 0;  // most characters that can be typed; 0 for no limit
     int ancho = 0;     // width of the field in characters; 0 for the panel's width
+    bool ceroSiVacio = false;  // an optional number left empty is saved as "0"
     // The check on leaving a non-empty field: the message to show, or empty when it passes.
     std::function<QString(const QString& texto)> comprobar;
 };

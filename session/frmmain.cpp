@@ -5,8 +5,10 @@
 #include "forms/formularios.h"
 #include "forms/geometria.h"
 #include "forms/msgbox.h"
+#include "frmmenu.h"
 #include "sesion.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDateTime>
@@ -71,6 +73,15 @@ frmMain::frmMain() {
     auto* reloj = new QTimer(this);
     connect(reloj, &QTimer::timeout, this, &frmMain::actualizarReloj);
     reloj->start(1000);
+
+    // The menu is one key away from any form.
+    auto* alMenu = new QAction(QStringLiteral("Ir al menú"), this);
+    alMenu->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+    alMenu->setShortcutContext(Qt::WindowShortcut);
+    addAction(alMenu);
+    connect(alMenu, &QAction::triggered, this, [] {
+        if (frmMenu* m = menu()) formularios::mostrar(m);
+    });
 
     connect(reiniciar_, &QPushButton::clicked, this, [] {
         if (MsgBox(QStringLiteral("¿Realmente desea cambiar de empresa ") + tituloAplicacion() + u'?',

@@ -196,6 +196,9 @@ private Q_SLOTS:
         // A folder only folds.
         abrir("Empresa");
         QCOMPARE(abiertos().size(), 3);
+        // Ctrl+M takes the keyboard back to the menu from a form.
+        QTest::keySequence(QApplication::focusWidget(), QKeySequence(Qt::CTRL | Qt::Key_M));
+        QCOMPARE(principal()->area()->activeSubWindow(), menu()->ventana());
     }
 
     void formularioSinCodigoAvisaYSigue() {
