@@ -37,9 +37,9 @@ const Posicion kPosiciones[] = {
 }  // namespace
 
 QHash<QString, QIcon> CargarIconos() {
-    static const char* const kNombres[] = {"validar", "borrar",    "buscar",  "cancelar",
+    static const char* const kNombres[] = {"validar",  "borrar",   "buscar",    "cancelar",
                                            "imprimir", "listar",   "modificar", "filtrar",
-                                           "ayudar",  "insertar", "lupa"};
+                                           "ayudar",   "insertar", "lupa"};
     QHash<QString, QIcon> iconos;
     for (const char* nombre : kNombres) {
         const QString clave = QString::fromLatin1(nombre);

@@ -33,52 +33,54 @@ bool EventosCampos::eventFilter(QObject* objeto, QEvent* evento) {
     const int indice = *it;
     auto* control = qobject_cast<QWidget*>(objeto);
     // The line edit inside an editable box reports for the box.
-    if (auto* caja = qobject_cast<QComboBox*>(control->parentWidget()); caja && indices_.contains(caja))
+    if (auto* caja = qobject_cast<QComboBox*>(control->parentWidget());
+        caja && indices_.contains(caja))
         control = caja;
 
     switch (evento->type()) {
-    case QEvent::FocusIn: {
-        if (control == devolviendo_) devolviendo_.clear();
-        if (objeto != control) return false;
-        if (m_.foco) m_.foco(indice);
-        // After the click that gave the focus, which would otherwise place the cursor.
-        if (auto* texto = qobject_cast<QLineEdit*>(control))
-            QTimer::singleShot(0, texto, [texto] { texto->selectAll(); });
-        return false;
-    }
-    case QEvent::FocusOut: {
-        if (objeto != control) return false;
-        const auto razon = static_cast<QFocusEvent*>(evento)->reason();
-        if (razon == Qt::ActiveWindowFocusReason || razon == Qt::PopupFocusReason) return false;
-        if (devolviendo_) return false;  // the focus is on its way back to a refused field
-        if (m_.validar && !m_.validar(indice)) {
-            devolviendo_ = control;
-            QTimer::singleShot(0, control, [control] { control->setFocus(Qt::OtherFocusReason); });
+        case QEvent::FocusIn: {
+            if (control == devolviendo_) devolviendo_.clear();
+            if (objeto != control) return false;
+            if (m_.foco) m_.foco(indice);
+            // After the click that gave the focus, which would otherwise place the cursor.
+            if (auto* texto = qobject_cast<QLineEdit*>(control))
+                QTimer::singleShot(0, texto, [texto] { texto->selectAll(); });
             return false;
         }
-        if (m_.salir) m_.salir(indice);
-        return false;
-    }
-    case QEvent::MouseButtonDblClick:
-        if (m_.dobleClic) m_.dobleClic(indice);
-        return false;
-    case QEvent::KeyPress: {
-        auto* tecla = static_cast<QKeyEvent*>(evento);
-        if (tecla->key() == Qt::Key_F10 && tecla->modifiers() == Qt::NoModifier) {
+        case QEvent::FocusOut: {
+            if (objeto != control) return false;
+            const auto razon = static_cast<QFocusEvent*>(evento)->reason();
+            if (razon == Qt::ActiveWindowFocusReason || razon == Qt::PopupFocusReason) return false;
+            if (devolviendo_) return false;  // the focus is on its way back to a refused field
+            if (m_.validar && !m_.validar(indice)) {
+                devolviendo_ = control;
+                QTimer::singleShot(0, control,
+                                   [control] { control->setFocus(Qt::OtherFocusReason); });
+                return false;
+            }
+            if (m_.salir) m_.salir(indice);
+            return false;
+        }
+        case QEvent::MouseButtonDblClick:
             if (m_.dobleClic) m_.dobleClic(indice);
-            return true;
+            return false;
+        case QEvent::KeyPress: {
+            auto* tecla = static_cast<QKeyEvent*>(evento);
+            if (tecla->key() == Qt::Key_F10 && tecla->modifiers() == Qt::NoModifier) {
+                if (m_.dobleClic) m_.dobleClic(indice);
+                return true;
+            }
+            const bool intro = tecla->key() == Qt::Key_Return || tecla->key() == Qt::Key_Enter;
+            auto* caja = qobject_cast<QComboBox*>(control);
+            if (intro && !(caja && caja->view()->isVisible())) {
+                QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+                QApplication::sendEvent(control, &tab);
+                return true;
+            }
+            return false;
         }
-        const bool intro = tecla->key() == Qt::Key_Return || tecla->key() == Qt::Key_Enter;
-        auto* caja = qobject_cast<QComboBox*>(control);
-        if (intro && !(caja && caja->view()->isVisible())) {
-            QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-            QApplication::sendEvent(control, &tab);
-            return true;
-        }
-        return false;
-    }
-    default:
-        return false;
+        default:
+            return false;
     }
 }
 

@@ -40,12 +40,14 @@ void Formulario::showEvent(QShowEvent* evento) {
     QWidget* marco = ventana();
     if (inicial_.isValid()) marco->resize(marco->size() - size() + inicial_);
     geometria::restaurar(marco, nombre());
-    for (const auto& [lista, prefijo] : listas_) geometria::restaurarColumnas(lista, nombre(), prefijo);
+    for (const auto& [lista, prefijo] : listas_)
+        geometria::restaurarColumnas(lista, nombre(), prefijo);
 }
 
 void Formulario::closeEvent(QCloseEvent* evento) {
     if (!conGeometria_) return evento->accept();
     geometria::guardar(ventana(), nombre());
-    for (const auto& [lista, prefijo] : listas_) geometria::guardarColumnas(lista, nombre(), prefijo);
+    for (const auto& [lista, prefijo] : listas_)
+        geometria::guardarColumnas(lista, nombre(), prefijo);
     evento->accept();
 }

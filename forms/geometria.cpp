@@ -16,7 +16,8 @@ QString archivo() {
 }
 
 int leer(const QString& seccion, const QString& clave, int pixeles) {
-    const QString texto = GetIni(archivo(), seccion, clave, QString::number(pixeles * kTwipsPorPixel));
+    const QString texto =
+        GetIni(archivo(), seccion, clave, QString::number(pixeles * kTwipsPorPixel));
     const auto twips = formato::leerNumero(texto);
     return twips ? int(std::lround(*twips / kTwipsPorPixel)) : pixeles;
 }
@@ -50,7 +51,8 @@ void guardar(const QWidget* ventana, const QString& seccion) {
 
 void restaurarColumnas(QTreeWidget* lista, const QString& seccion, const QString& prefijo) {
     for (int i = 0; i < lista->columnCount(); ++i)
-        lista->setColumnWidth(i, std::max(leer(seccion, columna(prefijo, i), lista->columnWidth(i)), 0));
+        lista->setColumnWidth(
+            i, std::max(leer(seccion, columna(prefijo, i), lista->columnWidth(i)), 0));
 }
 
 void guardarColumnas(const QTreeWidget* lista, const QString& seccion, const QString& prefijo) {

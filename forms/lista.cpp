@@ -25,7 +25,8 @@ void ListaClaves::columnas(const QStringList& titulos, const QList<int>& anchos)
 
 QTreeWidgetItem* ListaClaves::agregar(const QString& clave, const QStringList& textos) {
     if (claves_.contains(clave))
-        throw Error(errores::kClaveRepetida, QStringLiteral("La clave no es única en la colección"));
+        throw Error(errores::kClaveRepetida,
+                    QStringLiteral("La clave no es única en la colección"));
     auto* fila = new QTreeWidgetItem(this, textos);
     fila->setData(0, kRolClave, clave);
     claves_.insert(clave, fila);
@@ -34,7 +35,8 @@ QTreeWidgetItem* ListaClaves::agregar(const QString& clave, const QStringList& t
 
 QTreeWidgetItem* ListaClaves::elemento(const QString& clave) const {
     QTreeWidgetItem* fila = claves_.value(clave);
-    if (!fila) throw Error(errores::kElementoNoEncontrado, QStringLiteral("Elemento no encontrado"));
+    if (!fila)
+        throw Error(errores::kElementoNoEncontrado, QStringLiteral("Elemento no encontrado"));
     return fila;
 }
 

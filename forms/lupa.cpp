@@ -106,8 +106,7 @@ QString frmLupa::construirConsulta(const QString& seccion, const QString& condic
         const QString columna = posicion(campo, 1, QStringLiteral(";"));
         const QString ancho = posicion(campo, 2, QStringLiteral(";"));
         const QString mayusculas = columna.toUpper();
-        if (mayusculas == columna_.toUpper() ||
-            mayusculas == (tabla_ + u'.' + columna_).toUpper())
+        if (mayusculas == columna_.toUpper() || mayusculas == (tabla_ + u'.' + columna_).toUpper())
             resultado_ = i - 1;
         titulos << titulo;
         anchos << int((ancho.isEmpty() ? 100 : ancho.toDouble()) / kTwipsPorPixel);
@@ -209,8 +208,10 @@ void frmLupa::closeEvent(QCloseEvent* evento) {
         }
         QString campos;
         for (int i = 0; i < lista_->columnCount(); ++i) {
-            QString campo = poner(QString(), lista_->property(qPrintable(QStringLiteral("columna%1").arg(i))).toString(), 1,
-                                  QStringLiteral(";"));
+            QString campo =
+                poner(QString(),
+                      lista_->property(qPrintable(QStringLiteral("columna%1").arg(i))).toString(),
+                      1, QStringLiteral(";"));
             campo = poner(campo, QString::number(lista_->columnWidth(i) * kTwipsPorPixel), 2,
                           QStringLiteral(";"));
             campos = poner(campos, campo, i + 1, QStringLiteral("|"));
@@ -230,13 +231,13 @@ void MostrarLupa(QWidget* formulario) {
     const auto* campo = qobject_cast<QLineEdit*>(activo);
     const QString texto = campo ? campo->text() : QString();
     const QString columna = posicion(tag, 1, QStringLiteral(";"));
-    parametros = poner(parametros,
-                       texto.isEmpty() ? QString()
-                                       : QStringLiteral("LEFT(") + columna + QStringLiteral(", ") +
-                                             QString::number(texto.trimmed().size()) +
-                                             QStringLiteral(") = '") + dentroDeComillas(texto) +
-                                             u'\'',
-                       4, "|");
+    parametros =
+        poner(parametros,
+              texto.isEmpty() ? QString()
+                              : QStringLiteral("LEFT(") + columna + QStringLiteral(", ") +
+                                    QString::number(texto.trimmed().size()) +
+                                    QStringLiteral(") = '") + dentroDeComillas(texto) + u'\'',
+              4, "|");
     auto* lupa = new frmLupa;
     if (!lupa->ponerParametros(parametros)) {
         delete lupa;

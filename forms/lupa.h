@@ -38,7 +38,7 @@ private:
     QLineEdit* parametros_;
     ListaClaves* lista_;
     QString tabla_, columna_, sql_;
-    QRect forma_;  // the window's place, from Listas.ini
+    QRect forma_;         // the window's place, from Listas.ini
     int resultado_ = -1;  // the list column of the tag's column; -1 when it is not listed
 };
 

@@ -29,15 +29,15 @@ QString numeroSql(const QString& texto) {
 QString textoCampo(const QVariant& valor, Tipo tipo) {
     const QVariant v = Nz(valor);
     switch (tipo) {
-    case Tipo::Fecha:
-        return Auxiliar::dDate(v.toString());
-    case Tipo::Numero: {
-        bool ok = false;
-        const double numero = v.toDouble(&ok);
-        return ok ? formato::textoDouble(numero).replace(u'.', u',') : v.toString();
-    }
-    case Tipo::Texto:
-        break;
+        case Tipo::Fecha:
+            return Auxiliar::dDate(v.toString());
+        case Tipo::Numero: {
+            bool ok = false;
+            const double numero = v.toDouble(&ok);
+            return ok ? formato::textoDouble(numero).replace(u'.', u',') : v.toString();
+        }
+        case Tipo::Texto:
+            break;
     }
     return v.toString();
 }
@@ -67,7 +67,8 @@ void FormularioMantenimiento::construir() {
     datos->setFrameShape(QFrame::StyledPanel);
     auto* rejilla = new QGridLayout(datos);
     // Long declarations take two columns of label and field.
-    const int porColumna = d_.campos.size() > 8 ? int(d_.campos.size() + 1) / 2 : int(d_.campos.size());
+    const int porColumna =
+        d_.campos.size() > 8 ? int(d_.campos.size() + 1) / 2 : int(d_.campos.size());
     eventos_ = new EventosCampos(this);
     for (int i = 0; i < d_.campos.size(); ++i) {
         const Campo& c = d_.campos[i];
@@ -161,20 +162,20 @@ int FormularioMantenimiento::indicePorColumna(const QString& columna) const {
 
 QString FormularioMantenimiento::condicionBase() const {
     switch (d_.alcance) {
-    case Alcance::General:
-        return {};
-    case Alcance::Empresa:
-        return QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa);
-    case Alcance::Ejercicio:
-        return QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) +
-               QStringLiteral(" and ejercicio = ") + QString::number(sesion_ejercicio);
+        case Alcance::General:
+            return {};
+        case Alcance::Empresa:
+            return QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa);
+        case Alcance::Ejercicio:
+            return QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) +
+                   QStringLiteral(" and ejercicio = ") + QString::number(sesion_ejercicio);
     }
     return {};
 }
 
 QString FormularioMantenimiento::condicionCodigo(const QString& codigo) const {
     const Campo& clave = d_.campos[0];
-    const QString valor = clave.tipo == Tipo::Numero ? numeroSql(codigo)
+    const QString valor = clave.tipo == Tipo::Numero  ? numeroSql(codigo)
                           : clave.tipo == Tipo::Fecha ? sqlTexto(Auxiliar::sDate(codigo))
                                                       : sqlTexto(codigo);
     const QString base = condicionBase();
@@ -238,7 +239,8 @@ bool FormularioMantenimiento::validarDatos() {
         }
     }
     for (int i = 0; i < d_.campos.size(); ++i)
-        if (d_.campos[i].ceroSiVacio && txt_[i]->text().isEmpty()) ponerTexto(i, QStringLiteral("0"));
+        if (d_.campos[i].ceroSiVacio && txt_[i]->text().isEmpty())
+            ponerTexto(i, QStringLiteral("0"));
     return true;
 }
 
@@ -286,12 +288,13 @@ bool FormularioMantenimiento::puedeBorrar(const QString&) {
 void FormularioMantenimiento::BorrarRegistro() {
     const QString codigo = txt_[0]->text();
     const bool hecho = codigo.isEmpty() || Protegido([&] {
-        if (!existe(codigo) || !puedeBorrar(codigo)) return;
-        if (MsgBox(d_.pregunta(codigo), Icono::Pregunta) != Respuesta::Si) return;
-        d_.borrar(codigo);
-        const QString clave = QStringLiteral("K") + codigo;
-        if (lista_->contiene(clave)) lista_->quitar(clave);
-    });
+                           if (!existe(codigo) || !puedeBorrar(codigo)) return;
+                           if (MsgBox(d_.pregunta(codigo), Icono::Pregunta) != Respuesta::Si)
+                               return;
+                           d_.borrar(codigo);
+                           const QString clave = QStringLiteral("K") + codigo;
+                           if (lista_->contiene(clave)) lista_->quitar(clave);
+                       });
     // A failed delete keeps the fields, as every failed store operation does.
     if (hecho) LimpiarCampos();
 }
@@ -302,7 +305,7 @@ void FormularioMantenimiento::Filtrar() {
         const QString texto = txt_[i]->text();
         const Campo& c = d_.campos[i];
         if (texto.isEmpty() || c.columna.isEmpty()) continue;
-        const QString valor = c.tipo == Tipo::Numero ? numeroSql(texto)
+        const QString valor = c.tipo == Tipo::Numero  ? numeroSql(texto)
                               : c.tipo == Tipo::Fecha ? sqlTexto(Auxiliar::sDate(texto))
                                                       : sqlTexto(texto);
         if (!condicion.isEmpty()) condicion += QStringLiteral(" and ");
@@ -317,7 +320,8 @@ void FormularioMantenimiento::RefrescarLista(const QString& condicion) {
         Recordset filas = d_.listar(condicion.isEmpty() ? condicionBase() : condicion, d_.orden);
         for (; !filas.eof(); filas.moveNext()) {
             QStringList textos;
-            for (const Columna& c : d_.columnas) textos << textoCampo(filas.value(c.columna), c.tipo);
+            for (const Columna& c : d_.columnas)
+                textos << textoCampo(filas.value(c.columna), c.tipo);
             lista_->agregar(QStringLiteral("K") + textos.value(0), textos);
         }
     });

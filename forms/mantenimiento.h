@@ -29,9 +29,9 @@ struct Campo {
     QString columna;   // column of the table the field stands for
     Tipo tipo = Tipo::Texto;
     bool obligatorio = false;
-    QString lupa;     // the field's Tag: the lookup "TABLA.columna", or empty
-    int longitud = 0;  // most characters that can be typed; 0 for no limit
-    int ancho = 0;     // width of the field in characters; 0 for the panel's width
+    QString lupa;              // the field's Tag: the lookup "TABLA.columna", or empty
+    int longitud = 0;          // most characters that can be typed; 0 for no limit
+    int ancho = 0;             // width of the field in characters; 0 for the panel's width
     bool ceroSiVacio = false;  // an optional number left empty is saved as "0"
     // The check on leaving a non-empty field: the message to show, or empty when it passes.
     std::function<QString(const QString& texto)> comprobar;
@@ -51,8 +51,8 @@ struct Declaracion {
     QString tabla;
     Alcance alcance = Alcance::General;
     QString orden;
-    QList<Campo> campos;  // by index; txt(0) is the code
-    QList<Columna> columnas;  // the first is the code
+    QList<Campo> campos;       // by index; txt(0) is the code
+    QList<Columna> columnas;   // the first is the code
     int mensajeExiste = 9999;  // MensajeError code of a code that exists on insert
     int mensajeFalta = 9999;   // and of one missing on modify
     std::function<QString(const QString& codigo)> pregunta;  // before deleting

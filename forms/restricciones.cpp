@@ -11,6 +11,7 @@ void AplicarRestricciones(QWidget* formulario, const QString& restricciones) {
         if (restricciones.contains(u'I')) DesactivarBotones(toolbar, {claves::insertar});
         if (restricciones.contains(u'E')) DesactivarBotones(toolbar, {claves::modificar});
         if (restricciones.contains(u'B')) DesactivarBotones(toolbar, {claves::borrar});
-        if (restricciones.contains(u'L')) DesactivarBotones(toolbar, {claves::listar, claves::imprimir});
+        if (restricciones.contains(u'L'))
+            DesactivarBotones(toolbar, {claves::listar, claves::imprimir});
     }
 }

@@ -20,7 +20,8 @@ frmAbout::frmAbout() : Formulario(QStringLiteral("frmAbout"), QStringLiteral("Ac
     titulo->setFont(grande);
     version_ = new QLabel(QStringLiteral("Versión ") + versionAplicacion(), this);
     version_->setObjectName(QStringLiteral("lblVersion"));
-    auto* descripcion = new QLabel(QStringLiteral("Saldeva práctica para la pequeña y mediana empresa"), this);
+    auto* descripcion =
+        new QLabel(QStringLiteral("Saldeva práctica para la pequeña y mediana empresa"), this);
     descripcion->setObjectName(QStringLiteral("lblDescription"));
     auto* aviso = new QLabel(
         QStringLiteral("Este programa se entrega tal cual, sin garantía de ninguna clase. Revise "

@@ -91,7 +91,9 @@ frmLogin::frmLogin(QWidget* padre) : QDialog(padre) {
                 const QString texto = cmb_[1]->currentText();
                 cajas_->silencio = true;
                 cmb_[1]->clear();
-                Protegido([&] { cmb_[1]->addItems(CargarDelegaciones(*sesion_conexion, cmb_[0]->currentText())); });
+                Protegido([&] {
+                    cmb_[1]->addItems(CargarDelegaciones(*sesion_conexion, cmb_[0]->currentText()));
+                });
                 cmb_[1]->setEditText(texto);
                 cajas_->silencio = false;
             },
@@ -140,8 +142,8 @@ void frmLogin::validar() {
                                                   contrasena))
             return;
         lista_->limpiar();
-        Recordset ejercicios =
-            Ejercicios::GetList(*sesion_conexion, QStringLiteral("codigo_empresa = ") + sqlTexto(empresa), {});
+        Recordset ejercicios = Ejercicios::GetList(
+            *sesion_conexion, QStringLiteral("codigo_empresa = ") + sqlTexto(empresa), {});
         if (ejercicios.eof()) return;
         for (; !ejercicios.eof(); ejercicios.moveNext()) {
             const QString ejercicio = NzTexto(ejercicios.value("ejercicio")).trimmed();
@@ -163,9 +165,9 @@ void frmLogin::aceptar() {
             const QTreeWidgetItem* fila = lista_->currentItem();
             const QString empresa = cmb_[0]->currentText();
             const int ejercicio = fila ? fila->text(0).toInt() : 0;
-            const QVariant digitos = Auxiliar::vBuscarCampo(
-                QStringLiteral("Empresas"), QStringLiteral("digitos"),
-                QStringLiteral("codigo_empresa = ") + sqlTexto(empresa));
+            const QVariant digitos =
+                Auxiliar::vBuscarCampo(QStringLiteral("Empresas"), QStringLiteral("digitos"),
+                                       QStringLiteral("codigo_empresa = ") + sqlTexto(empresa));
             Recordset datos = Ejercicios::GetList(
                 *sesion_conexion,
                 QStringLiteral("codigo_empresa = ") + sqlTexto(empresa) +
@@ -177,7 +179,8 @@ void frmLogin::aceptar() {
             sesion_digitos = digitos.toInt();
             sesion_fecha_inicial = NzTexto(datos.eof() ? QVariant() : datos.value("fecha_inicial"));
             sesion_fecha_final = NzTexto(datos.eof() ? QVariant() : datos.value("fecha_final"));
-            sesion_inicio_bloqueo = NzTexto(datos.eof() ? QVariant() : datos.value("inicio_bloqueo"));
+            sesion_inicio_bloqueo =
+                NzTexto(datos.eof() ? QVariant() : datos.value("inicio_bloqueo"));
             sesion_final_bloqueo = NzTexto(datos.eof() ? QVariant() : datos.value("final_bloqueo"));
         });
         if (!cargada) return;

@@ -41,7 +41,8 @@ frmMain::frmMain() {
     salir_ = new QPushButton(QStringLiteral("Salir"), barra);
     salir_->setObjectName(QStringLiteral("cmdSalir"));
     // Each button takes half the screen's width.
-    const int mitad = QApplication::primaryScreen() ? QApplication::primaryScreen()->size().width() / 2 : 400;
+    const int mitad =
+        QApplication::primaryScreen() ? QApplication::primaryScreen()->size().width() / 2 : 400;
     for (QPushButton* b : {reiniciar_, salir_}) {
         b->setMinimumWidth(mitad / 3);
         b->setMaximumWidth(mitad);
@@ -53,8 +54,16 @@ frmMain::frmMain() {
     auto* estado = new QStatusBar(this);
     estado->setObjectName(QStringLiteral("sbStatusBar"));
     setStatusBar(estado);
-    const QString iniciales[] = {QStringLiteral("Estado"), {}, {}, {}, {}, {}, {},
-                                 QStringLiteral("MAYÚS"), QStringLiteral("NÚM"), QStringLiteral("INS")};
+    const QString iniciales[] = {QStringLiteral("Estado"),
+                                 {},
+                                 {},
+                                 {},
+                                 {},
+                                 {},
+                                 {},
+                                 QStringLiteral("MAYÚS"),
+                                 QStringLiteral("NÚM"),
+                                 QStringLiteral("INS")};
     for (int i = 0; i < 10; ++i) {
         auto* panel = new QLabel(iniciales[i], estado);
         panel->setObjectName(QStringLiteral("panel%1").arg(i + 1));
@@ -84,8 +93,9 @@ frmMain::frmMain() {
     });
 
     connect(reiniciar_, &QPushButton::clicked, this, [] {
-        if (MsgBox(QStringLiteral("¿Realmente desea cambiar de empresa ") + tituloAplicacion() + u'?',
-                   Icono::Pregunta) == Respuesta::Si)
+        if (MsgBox(
+                QStringLiteral("¿Realmente desea cambiar de empresa ") + tituloAplicacion() + u'?',
+                Icono::Pregunta) == Respuesta::Si)
             CambiarSesion();
     });
     connect(salir_, &QPushButton::clicked, this, [] {

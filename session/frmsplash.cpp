@@ -10,7 +10,10 @@
 
 QString versionAplicacion() {
     const QVersionNumber v = QVersionNumber::fromString(QApplication::applicationVersion());
-    return QStringLiteral("%1.%2.%3").arg(v.majorVersion()).arg(v.minorVersion()).arg(v.microVersion());
+    return QStringLiteral("%1.%2.%3")
+        .arg(v.majorVersion())
+        .arg(v.minorVersion())
+        .arg(v.microVersion());
 }
 
 frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
@@ -26,7 +29,8 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
     producto_->setFont(grande);
     version_ = new QLabel(QStringLiteral("Version ") + versionAplicacion(), marco);
     version_->setObjectName(QStringLiteral("lblVersion"));
-    auto* organizacion = new QLabel(QStringLiteral("Contabilidad para la pequeña y mediana empresa"), marco);
+    auto* organizacion =
+        new QLabel(QStringLiteral("Contabilidad para la pequeña y mediana empresa"), marco);
     columna->addWidget(producto_);
     columna->addWidget(organizacion);
     columna->addStretch();

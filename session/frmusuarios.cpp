@@ -20,10 +20,14 @@ Declaracion declaracionUsuarios() {
     d.tabla = QStringLiteral("Usuarios");
     d.orden = QStringLiteral("codigo_usuario");
     d.campos = {
-        {.etiqueta = QStringLiteral("&Código:"), .columna = QStringLiteral("codigo_usuario"),
-         .obligatorio = true, .ancho = 20},
-        {.etiqueta = QStringLiteral("C&ontraseña:"), .columna = QStringLiteral("contraseña"),
-         .obligatorio = true, .ancho = 20},
+        {.etiqueta = QStringLiteral("&Código:"),
+         .columna = QStringLiteral("codigo_usuario"),
+         .obligatorio = true,
+         .ancho = 20},
+        {.etiqueta = QStringLiteral("C&ontraseña:"),
+         .columna = QStringLiteral("contraseña"),
+         .obligatorio = true,
+         .ancho = 20},
     };
     d.columnas = {{QStringLiteral("Código"), QStringLiteral("codigo_usuario"), 140},
                   {QStringLiteral("Contraseña"), QStringLiteral("contraseña"), 140}};
@@ -52,9 +56,9 @@ public:
 protected:
     // The password follows the code: an unknown code empties it.
     void cargarCodigo() override {
-        ponerTexto(1, Auxiliar::vBuscarCampo(QStringLiteral("Usuarios"), QStringLiteral("contraseña"),
-                                             QStringLiteral("codigo_usuario = ") + sqlTexto(txt(0)->text()),
-                                             QString())
+        ponerTexto(1, Auxiliar::vBuscarCampo(
+                          QStringLiteral("Usuarios"), QStringLiteral("contraseña"),
+                          QStringLiteral("codigo_usuario = ") + sqlTexto(txt(0)->text()), QString())
                           .toString());
     }
 };

@@ -114,7 +114,8 @@ void frmUsuariosDelegaciones::elegirDelegacion(int) {
         Recordset filas = UsuariosDelegaciones::GetList(
             *sesion_conexion,
             QStringLiteral("codigo_empresa = ") + sqlTexto(empresas_->currentText()) +
-                QStringLiteral(" AND codigo_delegacion = ") + sqlTexto(delegaciones_->currentText()),
+                QStringLiteral(" AND codigo_delegacion = ") +
+                sqlTexto(delegaciones_->currentText()),
             {});
         for (; !filas.eof(); filas.moveNext()) {
             const QString usuario = NzTexto(filas.value("codigo_usuario"));

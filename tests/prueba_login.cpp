@@ -98,17 +98,42 @@ private Q_SLOTS:
         QTest::addColumn<QString>("empresa");
         QTest::addColumn<QString>("delegacion");
         QTest::addColumn<bool>("aceptado");
-        QTest::newRow("right password") << "ANA" << "CLAVE" << "EMP" << "EMP" << true;
-        QTest::newRow("wrong password") << "ANA" << "CLAVES" << "EMP" << "EMP" << false;
-        QTest::newRow("unknown user") << "EVA" << "CLAVE" << "EMP" << "EMP" << false;
-        QTest::newRow("branch not allowed") << "ANA" << "CLAVE" << "EMP" << "SUR" << false;
-        QTest::newRow("unknown company") << "ANA" << "CLAVE" << "OTRA" << "EMP" << false;
-        QTest::newRow("everything typed in lower case") << "ana" << "clave" << "emp" << "emp" << true;
-        QTest::newRow("user stored in lower case") << "luis" << "CLAVE" << "EMP" << "EMP" << false;
-        QTest::newRow("password stored in lower case") << "PEPE" << "secreto" << "EMP" << "EMP"
-                                                       << false;
-        QTest::newRow("apostrophe in the password") << "ANA" << "' OR ''='" << "EMP" << "EMP"
-                                                    << false;
+        QTest::newRow("right password") << "ANA"
+                                        << "CLAVE"
+                                        << "EMP"
+                                        << "EMP" << true;
+        QTest::newRow("wrong password") << "ANA"
+                                        << "CLAVES"
+                                        << "EMP"
+                                        << "EMP" << false;
+        QTest::newRow("unknown user") << "EVA"
+                                      << "CLAVE"
+                                      << "EMP"
+                                      << "EMP" << false;
+        QTest::newRow("branch not allowed") << "ANA"
+                                            << "CLAVE"
+                                            << "EMP"
+                                            << "SUR" << false;
+        QTest::newRow("unknown company") << "ANA"
+                                         << "CLAVE"
+                                         << "OTRA"
+                                         << "EMP" << false;
+        QTest::newRow("everything typed in lower case") << "ana"
+                                                        << "clave"
+                                                        << "emp"
+                                                        << "emp" << true;
+        QTest::newRow("user stored in lower case") << "luis"
+                                                   << "CLAVE"
+                                                   << "EMP"
+                                                   << "EMP" << false;
+        QTest::newRow("password stored in lower case") << "PEPE"
+                                                       << "secreto"
+                                                       << "EMP"
+                                                       << "EMP" << false;
+        QTest::newRow("apostrophe in the password") << "ANA"
+                                                    << "' OR ''='"
+                                                    << "EMP"
+                                                    << "EMP" << false;
     }
     void validarUsuario() {
         QFETCH(QString, usuario);

@@ -54,12 +54,14 @@ Declaracion diarios() {
     d.nombre.prepend("frm");
     d.alcance = Alcance::Empresa;
     d.orden = "codigo_diario";
-    d.campos = {{.etiqueta = "&Diario:", .columna = "codigo_diario", .obligatorio = true,
-                 .lupa = "DIARIOS.codigo_diario"},
-                {.etiqueta = "D&escripción:", .columna = "descripcion",
-                 .comprobar = [](const QString& t) {
-                     return t.startsWith(u' ') ? QStringLiteral("Sin blancos delante.") : QString();
-                 }}};
+    d.campos = {
+        {.etiqueta = "&Diario:",
+         .columna = "codigo_diario",
+         .obligatorio = true,
+         .lupa = "DIARIOS.codigo_diario"},
+        {.etiqueta = "D&escripción:", .columna = "descripcion", .comprobar = [](const QString& t) {
+             return t.startsWith(u' ') ? QStringLiteral("Sin blancos delante.") : QString();
+         }}};
     d.columnas = {{"Diario", "codigo_diario"}, {"Descripción", "descripcion"}};
     d.pregunta = [](const QString& c) { return "¿Borrar " + c + "?"; };
     d.insertar = [](const QStringList& v) {
@@ -199,8 +201,10 @@ private Q_SLOTS:
         QTest::addColumn<QString>("codigo");
         QTest::addColumn<QString>("clave");
         QTest::addColumn<int>("vacio");
-        QTest::newRow("code empty") << "" << "X" << 0;
-        QTest::newRow("password empty") << "EVA" << "" << 1;
+        QTest::newRow("code empty") << ""
+                                    << "X" << 0;
+        QTest::newRow("password empty") << "EVA"
+                                        << "" << 1;
     }
     void obligatorios() {
         QFETCH(QString, codigo);
@@ -291,7 +295,8 @@ private Q_SLOTS:
         QTest::keyClick(lupa->lista(), Qt::Key_Return);
         QTRY_VERIFY(!formularios::buscar("frmLupa"));
         QCOMPARE(f->txt(0)->text(), QStringLiteral("ANTONIO"));
-        QVERIFY(GetIni(listas, "USUARIOS", "Fields").startsWith("codigo_usuario;1350;|contraseña;"));
+        QVERIFY(
+            GetIni(listas, "USUARIOS", "Fields").startsWith("codigo_usuario;1350;|contraseña;"));
         QVERIFY(GetIni(listas, "USUARIOS", "Form").endsWith(";"));
     }
 
@@ -311,10 +316,10 @@ private Q_SLOTS:
     // company and year, narrowed or not.
     void listasEntregadas_data() {
         QTest::addColumn<QString>("tag");
-        for (const char* tag : {"CUENTAS.cuenta", "DELEGACIONES.codigo_delegacion",
-                                "DIARIOS.codigo_diario", "DOCUMENTOS.codigo_documento",
-                                "FORMASPAGOS.codigo_pago", "IMPUESTOS.impuesto", "IRPF.codigo",
-                                "NUMERACIONES.numeracion", "PERSONAL.codigo"})
+        for (const char* tag :
+             {"CUENTAS.cuenta", "DELEGACIONES.codigo_delegacion", "DIARIOS.codigo_diario",
+              "DOCUMENTOS.codigo_documento", "FORMASPAGOS.codigo_pago", "IMPUESTOS.impuesto",
+              "IRPF.codigo", "NUMERACIONES.numeracion", "PERSONAL.codigo"})
             QTest::newRow(tag) << tag;
     }
     void listasEntregadas() {

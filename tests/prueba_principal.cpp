@@ -135,8 +135,10 @@ private Q_SLOTS:
     void menuSegunElLogin_data() {
         QTest::addColumn<QString>("usuario");
         QTest::addColumn<QString>("condicion");
-        QTest::newRow("maintenance login") << "CUSTODIOS" << "administrador <> 0";
-        QTest::newRow("ordinary user") << "ANA" << "activo <> 0";
+        QTest::newRow("maintenance login") << "CUSTODIOS"
+                                           << "administrador <> 0";
+        QTest::newRow("ordinary user") << "ANA"
+                                       << "activo <> 0";
     }
     void menuSegunElLogin() {
         QFETCH(QString, usuario);
@@ -244,7 +246,8 @@ private Q_SLOTS:
         SincronizarMenus();
         VentanasPrograma().mostrarPrincipal();
         abrir("Usuarios");
-        QCOMPARE(formularios::buscar("frmUsuarios")->ventana()->geometry(), QRect(20, 30, 400, 300));
+        QCOMPARE(formularios::buscar("frmUsuarios")->ventana()->geometry(),
+                 QRect(20, 30, 400, 300));
     }
 
     void cambioDeSesion() {

@@ -1,6 +1,7 @@
 // saldeva-iconos CARPETA: draws the toolbar icons (validar, borrar, buscar, cancelar, imprimir,
-// listar, modificar, filtrar, ayudar, insertar, lupa) and the program's own as .ico files of 16 and 32 pixels. They
-// are plain vector drawings of ours, so the program's folder needs no artwork from elsewhere.
+// listar, modificar, filtrar, ayudar, insertar, lupa) and the program's own as .ico files of 16 and
+// 32 pixels. They are plain vector drawings of ours, so the program's folder needs no artwork from
+// elsewhere.
 #include <QColor>
 #include <QDir>
 #include <QGuiApplication>
@@ -66,7 +67,10 @@ const std::pair<const char*, Dibujo> kIconos[] = {
          p.drawLine(QPointF(6.5, 7), QPointF(9.5, 12));
          p.drawLine(QPointF(9.5, 7), QPointF(6.5, 12));
      }},
-    {"buscar", [](QPainter& p) { lente(p, {6.5, 6.5}, 4.5); }},
+    {"buscar",
+     [](QPainter& p) {
+         lente(p, {6.5, 6.5}, 4.5);
+     }},
     {"cancelar",
      [](QPainter& p) {
          p.setPen(pluma(kRojo, 2));
@@ -104,8 +108,8 @@ const std::pair<const char*, Dibujo> kIconos[] = {
      [](QPainter& p) {
          p.setPen(pluma(kTinta, 1));
          p.setBrush(kAzul);
-         p.drawPolygon(QPolygonF({{1.5, 2.5}, {14.5, 2.5}, {9.5, 8.5}, {9.5, 14}, {6.5, 12.5},
-                                  {6.5, 8.5}}));
+         p.drawPolygon(
+             QPolygonF({{1.5, 2.5}, {14.5, 2.5}, {9.5, 8.5}, {9.5, 14}, {6.5, 12.5}, {6.5, 8.5}}));
      }},
     {"ayudar",
      [](QPainter& p) {
