@@ -238,6 +238,14 @@ bool FormularioMantenimiento::validarDatos() {
             return false;
         }
     }
+    // A toolbar key does not take the focus, so the field being typed was never left: its
+    // check, and every other, runs again here before anything is written.
+    for (int i = 0; i < d_.campos.size(); ++i) {
+        if (!alValidar(i)) {
+            txt_[i]->setFocus();
+            return false;
+        }
+    }
     for (int i = 0; i < d_.campos.size(); ++i)
         if (d_.campos[i].ceroSiVacio && txt_[i]->text().isEmpty())
             ponerTexto(i, QStringLiteral("0"));

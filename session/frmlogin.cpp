@@ -13,9 +13,11 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 
 namespace {
 const QString kSeccion = QStringLiteral("frmLogin");
@@ -106,6 +108,8 @@ frmLogin::frmLogin(QWidget* padre) : QDialog(padre) {
     Protegido([this] { cmb_[0]->addItems(CargarEmpresas(*sesion_conexion)); });
     cmb_[0]->setEditText(QString());
     resize(420, 330);
+    if (const QScreen* pantalla = QGuiApplication::primaryScreen())
+        move(pantalla->availableGeometry().center() - rect().center());
     geometria::restaurar(this, kSeccion);
     geometria::restaurarColumnas(lista_, kSeccion);
     txt_[0]->setFocus();

@@ -257,6 +257,12 @@ private Q_SLOTS:
         salir(f->txt(1));
         QTRY_COMPARE(QApplication::focusWidget(), f->txt(1));
         QCOMPARE(buzon.textos, QStringList("Sin blancos delante."));
+        // Nor is it written when the key is pressed without leaving the field.
+        buzon.vaciar();
+        escribir(f->txt(1), " Compras");
+        pulsar(kInsertar);
+        QCOMPARE(buzon.textos, QStringList("Sin blancos delante."));
+        QCOMPARE(filas("Diarios", "codigo_empresa = 'EMP'"), 0);
         escribir(f->txt(1), "Ventas");
         salir(f->txt(1));
         pulsar(kInsertar);
