@@ -97,6 +97,7 @@ QString frmLupa::construirConsulta(const QString& seccion, const QString& condic
     const QString campos = GetIni(listas(), seccion, QStringLiteral("Fields"));
     QString sql = QStringLiteral("SELECT ");
     resultado_ = -1;
+    columnas_.clear();
     QStringList titulos;
     QList<int> anchos;
     for (int i = 1;; ++i) {
@@ -110,7 +111,7 @@ QString frmLupa::construirConsulta(const QString& seccion, const QString& condic
             resultado_ = i - 1;
         titulos << titulo;
         anchos << int((ancho.isEmpty() ? 100 : ancho.toDouble()) / kTwipsPorPixel);
-        lista_->setProperty(qPrintable(QStringLiteral("columna%1").arg(i - 1)), columna);
+        columnas_ << columna;
         sql += columna + QStringLiteral(", ");
     }
     lista_->columnas(titulos, anchos);
@@ -208,10 +209,7 @@ void frmLupa::closeEvent(QCloseEvent* evento) {
         }
         QString campos;
         for (int i = 0; i < lista_->columnCount(); ++i) {
-            QString campo =
-                poner(QString(),
-                      lista_->property(qPrintable(QStringLiteral("columna%1").arg(i))).toString(),
-                      1, QStringLiteral(";"));
+            QString campo = poner(QString(), columnas_.value(i), 1, QStringLiteral(";"));
             campo = poner(campo, QString::number(lista_->columnWidth(i) * kTwipsPorPixel), 2,
                           QStringLiteral(";"));
             campos = poner(campos, campo, i + 1, QStringLiteral("|"));

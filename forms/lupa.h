@@ -38,8 +38,9 @@ private:
     QLineEdit* parametros_;
     ListaClaves* lista_;
     QString tabla_, columna_, sql_;
-    QRect forma_;         // the window's place, from Listas.ini
-    int resultado_ = -1;  // the list column of the tag's column; -1 when it is not listed
+    QStringList columnas_;  // the column of each list column, as Fields names it
+    QRect forma_;           // the window's place, from Listas.ini
+    int resultado_ = -1;    // the list column of the tag's column; -1 when it is not listed
 };
 
 // Opens the lookup of the field that has the focus in `formulario`, narrowed to the codes that
