@@ -3,6 +3,7 @@
 #include "forms/msgbox.h"
 #include "session/principal.h"
 #include "session/sesion.h"
+#include "setup/formularios_empresa.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -14,6 +15,7 @@ int main(int argc, char* argv[]) {
     programa::establecerCarpeta(QApplication::applicationDirPath());
     QApplication::setWindowIcon(QIcon(programa::ruta(QStringLiteral("icons16/saldeva.ico"))));
     registrarFormulariosSesion();
+    registrarFormulariosEmpresa();
     VentanasPrograma ventanas;
     int resultado = Main(ventanas);
     if (resultado == 0 && principal()) resultado = QApplication::exec();

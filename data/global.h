@@ -27,8 +27,8 @@ inline QString mantenimiento_contrasena;
 
 // The default when the value is Null or an empty text; a numeric 0 is a value.
 QVariant Nz(const QVariant& valor, const QVariant& defecto = QString());
-inline QString NzTexto(const QVariant& valor) {
-    return Nz(valor).toString();
+inline QString NzTexto(const QVariant& valor, const QString& defecto = QString()) {
+    return Nz(valor, defecto).toString();
 }
 
 // Delimited lists such as "a|b|c|": fields with a separator behind each, the last one

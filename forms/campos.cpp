@@ -27,7 +27,26 @@ void EventosCampos::vigilar(QWidget* control, int indice) {
     }
 }
 
+void EventosCampos::avanzarConIntro(QWidget* control) {
+    soloIntro_.insert(control);
+    control->installEventFilter(this);
+}
+
+namespace {
+bool esIntro(QEvent* evento) {
+    if (evento->type() != QEvent::KeyPress) return false;
+    const int tecla = static_cast<QKeyEvent*>(evento)->key();
+    return tecla == Qt::Key_Return || tecla == Qt::Key_Enter;
+}
+}  // namespace
+
 bool EventosCampos::eventFilter(QObject* objeto, QEvent* evento) {
+    if (soloIntro_.contains(objeto)) {
+        if (!esIntro(evento)) return false;
+        QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+        QApplication::sendEvent(objeto, &tab);
+        return true;
+    }
     const auto it = indices_.constFind(objeto);
     if (it == indices_.constEnd() || silencio) return false;
     const int indice = *it;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QSet>
 #include <QObject>
 #include <QPointer>
 #include <functional>
@@ -32,6 +33,9 @@ public:
     // A text field or editable box of index `indice`.
     void vigilar(QWidget* control, int indice);
 
+    // A box or button that only moves on with Enter, having no hooks of its own.
+    void avanzarConIntro(QWidget* control);
+
     // While true, nothing is dispatched (fields being filled by the program).
     bool silencio = false;
 
@@ -41,6 +45,7 @@ protected:
 private:
     Manejadores m_;
     QHash<QObject*, int> indices_;
+    QSet<QObject*> soloIntro_;
     QPointer<QWidget> devolviendo_;  // the field the focus is being sent back to
 };
 

@@ -22,8 +22,9 @@ public:
     // Unloads the form, as closing its window does.
     void descargar();
 
-    // Forms of a company's data cannot work without one in session.
-    virtual bool requiereEmpresa() const { return false; }
+    // Forms of a company's data cannot work without one in session: the message that refuses
+    // the form when the session lacks what it needs, or empty when it may open.
+    virtual QString faltaSesion() const { return {}; }
     // The toolbar whose keyed buttons the user's restrictions switch off; none by default.
     virtual QToolBar* barra() const { return nullptr; }
 

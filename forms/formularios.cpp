@@ -107,8 +107,9 @@ Formulario* abrir(const QString& nombre) {
     QPointer<Formulario> formulario;
     if (!Protegido([&] { formulario = (*fabrica)(); }) || !formulario) return nullptr;
     mostrar(formulario);
-    if (formulario && formulario->requiereEmpresa() && sesion_empresa.isEmpty()) {
-        MsgBox(QStringLiteral("No se ha especificado la empresa."), Icono::Critico);
+    if (const QString falta = formulario ? formulario->faltaSesion() : QString();
+        !falta.isEmpty()) {
+        MsgBox(falta, Icono::Critico);
         formulario->descargar();
         return nullptr;
     }

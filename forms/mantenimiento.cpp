@@ -12,14 +12,23 @@
 #include "msgbox.h"
 
 #include <QAction>
+#include <QButtonGroup>
+#include <QCheckBox>
 #include <QFrame>
+#include <QHBoxLayout>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRadioButton>
+#include <QSet>
 #include <QToolBar>
 #include <QVBoxLayout>
 
 namespace mantenimiento {
+
+QString mayusculas(const QString& texto) {
+    return texto.toUpper();
+}
 
 QString numeroSql(const QString& texto) {
     const auto numero = formato::leerNumero(texto);
@@ -89,6 +98,7 @@ void FormularioMantenimiento::construir() {
         lbl_.append(etiqueta);
     }
     for (int par = 1; par < rejilla->columnCount(); par += 2) rejilla->setColumnStretch(par, 1);
+    construirMarcas(rejilla, porColumna, rejilla->columnCount());
     columna->addWidget(datos);
 
     lista_ = new ListaClaves(this);
@@ -138,8 +148,50 @@ void FormularioMantenimiento::construir() {
     tamanoInicial(560, 420);
 }
 
-bool FormularioMantenimiento::requiereEmpresa() const {
-    return d_.alcance != Alcance::General;
+void FormularioMantenimiento::construirMarcas(QGridLayout* rejilla, int fila, int columnas) {
+    if (d_.marcas.isEmpty()) return;
+    auto* filaMarcas = new QHBoxLayout;
+    QHash<int, QButtonGroup*> grupos;
+    const mantenimiento::Marca* anterior = nullptr;
+    for (const Marca& m : d_.marcas) {
+        // A little room between one group of buttons and what follows it.
+        if (anterior && (anterior->clase != m.clase || anterior->grupo != m.grupo))
+            filaMarcas->addSpacing(16);
+        QAbstractButton* boton = nullptr;
+        if (m.clase == Marca::Casilla) {
+            auto* casilla = new QCheckBox(m.etiqueta, rejilla->parentWidget());
+            casilla->setObjectName(QStringLiteral("chk(%1)").arg(chk_.size()));
+            chk_.append(casilla);
+            casillas_.append(&m);
+            boton = casilla;
+        } else {
+            auto* opcion = new QRadioButton(m.etiqueta, rejilla->parentWidget());
+            opcion->setObjectName(QStringLiteral("opt(%1)").arg(opt_.size()));
+            QButtonGroup*& grupo = grupos[m.grupo];
+            if (!grupo) grupo = new QButtonGroup(this);
+            grupo->addButton(opcion);
+            opt_.append(opcion);
+            boton = opcion;
+        }
+        QString nombre = m.etiqueta;
+        boton->setAccessibleName(nombre.remove(u'&').remove(u':').trimmed());
+        eventos_->avanzarConIntro(boton);
+        connect(boton, &QAbstractButton::clicked, this, [this, boton] { alMarcar(boton); });
+        filaMarcas->addWidget(boton);
+        anterior = &m;
+    }
+    filaMarcas->addStretch(1);
+    rejilla->addLayout(filaMarcas, fila, 1, 1, columnas - 1);
+}
+
+void FormularioMantenimiento::alMarcar(QAbstractButton*) {}
+
+QString FormularioMantenimiento::faltaSesion() const {
+    if (d_.requiereDelegacion && (sesion_empresa.isEmpty() || sesion_delegacion.isEmpty()))
+        return QStringLiteral("No se ha especificado la empresa o delegación.");
+    if (d_.alcance != Alcance::General && sesion_empresa.isEmpty())
+        return QStringLiteral("No se ha especificado la empresa.");
+    return {};
 }
 
 void FormularioMantenimiento::ponerTexto(int i, const QString& texto) {
@@ -151,7 +203,23 @@ void FormularioMantenimiento::ponerTexto(int i, const QString& texto) {
 QStringList FormularioMantenimiento::valores() const {
     QStringList v;
     for (const QLineEdit* t : txt_) v << t->text();
+    for (int i = 0; i < chk_.size(); ++i)
+        if (!casillas_[i]->columna.isEmpty()) v << valorCasilla(i);
     return v;
+}
+
+QString FormularioMantenimiento::valorCasilla(int i) const {
+    return chk_[i]->isChecked() ? casillas_[i]->si : casillas_[i]->no;
+}
+
+int FormularioMantenimiento::casillaPorColumna(const QString& columna) const {
+    for (int i = 0; i < casillas_.size(); ++i)
+        if (casillas_[i]->columna.compare(columna, Qt::CaseInsensitive) == 0) return i;
+    return -1;
+}
+
+QString FormularioMantenimiento::clave(const QString& codigo) const {
+    return QStringLiteral("K") + codigo;
 }
 
 int FormularioMantenimiento::indicePorColumna(const QString& columna) const {
@@ -203,11 +271,21 @@ void FormularioMantenimiento::mostrarLupa() {
     Protegido([this] { MostrarLupa(this); });
 }
 
+void FormularioMantenimiento::normalizarCampo(int i) {
+    const Campo& c = d_.campos[i];
+    if (!c.normalizar || txt_[i]->text().isEmpty()) return;
+    const QString normal = c.normalizar(txt_[i]->text());
+    if (normal != txt_[i]->text()) ponerTexto(i, normal);
+}
+
 bool FormularioMantenimiento::alValidar(int i) {
     const Campo& c = d_.campos[i];
+    normalizarCampo(i);
     const QString texto = txt_[i]->text();
     if (texto.isEmpty() || !c.comprobar) return true;
-    const QString mensaje = c.comprobar(texto);
+    QString mensaje;
+    // A check that fails outright (a number beyond range) refuses the field like a message.
+    if (!Protegido([&] { mensaje = c.comprobar(texto); })) return false;
     if (mensaje.isEmpty()) return true;
     MsgBox(mensaje, Icono::Critico);
     return false;
@@ -223,10 +301,21 @@ void FormularioMantenimiento::cargarCodigo() {
     for (int i = 1; i < d_.campos.size(); ++i)
         if (!d_.campos[i].columna.isEmpty())
             ponerTexto(i, textoCampo(fila.value(d_.campos[i].columna), d_.campos[i].tipo));
+    for (int i = 0; i < chk_.size(); ++i)
+        if (!casillas_[i]->columna.isEmpty())
+            chk_[i]->setChecked(
+                NzTexto(fila.value(casillas_[i]->columna), casillas_[i]->no) == casillas_[i]->si);
 }
 
 void FormularioMantenimiento::LimpiarCampos() {
     for (int i = 0; i < txt_.size(); ++i) ponerTexto(i, QString());
+    for (QCheckBox* c : chk_) c->setChecked(false);
+    QSet<QButtonGroup*> vistos;
+    for (QRadioButton* o : opt_)
+        if (!vistos.contains(o->group())) {
+            vistos.insert(o->group());
+            o->setChecked(true);
+        }
     txt_[0]->setFocus();
 }
 
@@ -255,8 +344,8 @@ bool FormularioMantenimiento::validarDatos() {
 QStringList FormularioMantenimiento::filaDesdeCampos() const {
     QStringList fila;
     for (const Columna& c : d_.columnas) {
-        const int i = indicePorColumna(c.columna);
-        fila << (i >= 0 ? txt_[i]->text() : QString());
+        const int i = indicePorColumna(c.columna), k = casillaPorColumna(c.columna);
+        fila << (i >= 0 ? txt_[i]->text() : k >= 0 ? valorCasilla(k) : QString());
     }
     return fila;
 }
@@ -270,7 +359,7 @@ void FormularioMantenimiento::AltaRegistro() {
             return;
         }
         d_.insertar(valores());
-        lista_->agregar(QStringLiteral("K") + codigo, filaDesdeCampos());
+        lista_->agregar(clave(codigo), filaDesdeCampos());
         LimpiarCampos();
     });
 }
@@ -284,7 +373,7 @@ void FormularioMantenimiento::ModificarRegistro() {
             return;
         }
         d_.actualizar(valores());
-        lista_->actualizar(QStringLiteral("K") + codigo, filaDesdeCampos());
+        lista_->actualizar(clave(codigo), filaDesdeCampos());
         LimpiarCampos();
     });
 }
@@ -294,14 +383,20 @@ bool FormularioMantenimiento::puedeBorrar(const QString&) {
 }
 
 void FormularioMantenimiento::BorrarRegistro() {
+    normalizarCampo(0);
     const QString codigo = txt_[0]->text();
     const bool hecho = codigo.isEmpty() || Protegido([&] {
-                           if (!existe(codigo) || !puedeBorrar(codigo)) return;
+                           if (!puedeBorrar(codigo)) return;
+                           if (!existe(codigo)) {
+                               if (d_.mensajeBorrarFalta)
+                                   MsgBox(MensajeError(d_.mensajeBorrarFalta), Icono::Critico);
+                               return;
+                           }
                            if (MsgBox(d_.pregunta(codigo), Icono::Pregunta) != Respuesta::Si)
                                return;
                            d_.borrar(codigo);
-                           const QString clave = QStringLiteral("K") + codigo;
-                           if (lista_->contiene(clave)) lista_->quitar(clave);
+                           const QString k = clave(codigo);
+                           if (lista_->contiene(k)) lista_->quitar(k);
                        });
     // A failed delete keeps the fields, as every failed store operation does.
     if (hecho) LimpiarCampos();
@@ -310,6 +405,7 @@ void FormularioMantenimiento::BorrarRegistro() {
 void FormularioMantenimiento::Filtrar() {
     QString condicion = condicionBase();
     for (int i = 0; i < d_.campos.size(); ++i) {
+        normalizarCampo(i);
         const QString texto = txt_[i]->text();
         const Campo& c = d_.campos[i];
         if (texto.isEmpty() || c.columna.isEmpty()) continue;
@@ -328,9 +424,12 @@ void FormularioMantenimiento::RefrescarLista(const QString& condicion) {
         Recordset filas = d_.listar(condicion.isEmpty() ? condicionBase() : condicion, d_.orden);
         for (; !filas.eof(); filas.moveNext()) {
             QStringList textos;
-            for (const Columna& c : d_.columnas)
-                textos << textoCampo(filas.value(c.columna), c.tipo);
-            lista_->agregar(QStringLiteral("K") + textos.value(0), textos);
+            for (const Columna& c : d_.columnas) {
+                const int k = casillaPorColumna(c.columna);
+                textos << (k >= 0 ? NzTexto(filas.value(c.columna), casillas_[k]->no)
+                                  : textoCampo(filas.value(c.columna), c.tipo));
+            }
+            lista_->agregar(clave(textos.value(0)), textos);
         }
     });
 }

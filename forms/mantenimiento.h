@@ -9,7 +9,10 @@
 
 class EventosCampos;
 class ListaClaves;
+class QAbstractButton;
+class QCheckBox;
 class QLabel;
+class QRadioButton;
 class QLineEdit;
 class QToolBar;
 
@@ -33,8 +36,26 @@ struct Campo {
     int longitud = 0;          // most characters that can be typed; 0 for no limit
     int ancho = 0;             // width of the field in characters; 0 for the panel's width
     bool ceroSiVacio = false;  // an optional number left empty is saved as "0"
+    // What the typed text becomes when the field is left, before its check (capitals, an
+    // account's "." filled with zeros); also before a save from the toolbar.
+    std::function<QString(const QString& texto)> normalizar;
     // The check on leaving a non-empty field: the message to show, or empty when it passes.
+    // A failure it throws is shown the same way and refuses the field too.
     std::function<QString(const QString& texto)> comprobar;
+};
+
+// A check box (chk) or an option button (opt) below the fields. Boxes and buttons are numbered
+// apart, each in the order of the declaration. A box with a column stands for `si` when ticked
+// and `no` when not; buttons of one group exclude each other, and the first of each group is
+// the one chosen when the form is cleared.
+struct Marca {
+    enum Clase { Casilla, Opcion };
+    Clase clase = Casilla;
+    QString etiqueta;
+    QString columna;  // boxes only; empty when the form maps the box itself
+    int grupo = 0;    // buttons only
+    QString si = QStringLiteral("S");
+    QString no = QStringLiteral("N");
 };
 
 struct Columna {
@@ -52,18 +73,24 @@ struct Declaracion {
     Alcance alcance = Alcance::General;
     QString orden;
     QList<Campo> campos;       // by index; txt(0) is the code
+    QList<Marca> marcas;       // in the order they show
     QList<Columna> columnas;   // the first is the code
     int mensajeExiste = 9999;  // MensajeError code of a code that exists on insert
     int mensajeFalta = 9999;   // and of one missing on modify
+    int mensajeBorrarFalta = 0;  // and on delete; 0 clears the fields without a word
+    bool requiereDelegacion = false;  // a branch in session, besides the company
     std::function<QString(const QString& codigo)> pregunta;  // before deleting
     bool lupaEnBarra = true;  // whether the toolbar's lupa button shows the lookup
 
-    // The entity class: the field texts in index order go to Insert and Update.
+    // The entity class: the field texts in index order, then the values of the boxes that
+    // have a column, go to Insert and Update.
     std::function<void(const QStringList& campos)> insertar;
     std::function<void(const QStringList& campos)> actualizar;
     std::function<void(const QString& codigo)> borrar;
     std::function<Recordset(const QString& condicion, const QString& orden)> listar;
 };
+
+QString mayusculas(const QString& texto);
 
 // A typed number as the SQL text takes it (point as decimal mark); anything else unchanged.
 QString numeroSql(const QString& texto);
@@ -79,18 +106,20 @@ public:
                                      QWidget* padre = nullptr);
     ~FormularioMantenimiento() override;
 
-    bool requiereEmpresa() const override;
+    QString faltaSesion() const override;
     QToolBar* barra() const override { return toolbar_; }
 
     // Controls by index, as the declaration numbers them.
     QLineEdit* txt(int i) const { return txt_.at(i); }
     QLabel* lbl(int i) const { return lbl_.at(i); }
+    QCheckBox* chk(int i) const { return chk_.at(i); }
+    QRadioButton* opt(int i) const { return opt_.at(i); }
     ListaClaves* lista() const { return lista_; }
     const mantenimiento::Declaracion& declaracion() const { return d_; }
 
     // The toolbar's actions, public so that a test presses them as the user does.
-    void LimpiarCampos();
-    bool validarDatos();
+    virtual void LimpiarCampos();
+    virtual bool validarDatos();
     void AltaRegistro();
     void ModificarRegistro();
     void BorrarRegistro();
@@ -111,11 +140,18 @@ protected:
     virtual bool puedeBorrar(const QString& codigo);
     // The texts of the list row for the values on screen, in column order.
     virtual QStringList filaDesdeCampos() const;
-    QStringList valores() const;
+    // What Insert and Update receive.
+    virtual QStringList valores() const;
+    // The key of a code's row in the list.
+    virtual QString clave(const QString& codigo) const;
+    // A box or button changed by the user.
+    virtual void alMarcar(QAbstractButton* marca);
     bool existe(const QString& codigo) const;
 
     // Fields are filled by the program without their change events.
     void ponerTexto(int i, const QString& texto);
+    // The field's text as its declaration normalises it.
+    void normalizarCampo(int i);
 
 private:
     void construir();
@@ -123,6 +159,9 @@ private:
     void alFoco(int i);
     void alDobleClic(int i);
     int indicePorColumna(const QString& columna) const;
+    int casillaPorColumna(const QString& columna) const;
+    QString valorCasilla(int i) const;
+    void construirMarcas(class QGridLayout* rejilla, int fila, int columnas);
 
     mantenimiento::Declaracion d_;
     QToolBar* toolbar_ = nullptr;
@@ -130,5 +169,8 @@ private:
     EventosCampos* eventos_ = nullptr;
     QList<QLineEdit*> txt_;
     QList<QLabel*> lbl_;
+    QList<QCheckBox*> chk_;
+    QList<QRadioButton*> opt_;
+    QList<const mantenimiento::Marca*> casillas_;  // the declaration of each chk
     int activo_ = -1;  // the field that last held the focus
 };
