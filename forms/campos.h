@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QHash>
-#include <QSet>
 #include <QObject>
 #include <QPointer>
+#include <QSet>
 #include <functional>
 
 class QLabel;

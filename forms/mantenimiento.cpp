@@ -15,8 +15,8 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QFrame>
-#include <QHBoxLayout>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -303,8 +303,8 @@ void FormularioMantenimiento::cargarCodigo() {
             ponerTexto(i, textoCampo(fila.value(d_.campos[i].columna), d_.campos[i].tipo));
     for (int i = 0; i < chk_.size(); ++i)
         if (!casillas_[i]->columna.isEmpty())
-            chk_[i]->setChecked(
-                NzTexto(fila.value(casillas_[i]->columna), casillas_[i]->no) == casillas_[i]->si);
+            chk_[i]->setChecked(NzTexto(fila.value(casillas_[i]->columna), casillas_[i]->no) ==
+                                casillas_[i]->si);
 }
 
 void FormularioMantenimiento::LimpiarCampos() {

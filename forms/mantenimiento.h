@@ -72,12 +72,12 @@ struct Declaracion {
     QString tabla;
     Alcance alcance = Alcance::General;
     QString orden;
-    QList<Campo> campos;       // by index; txt(0) is the code
-    QList<Marca> marcas;       // in the order they show
-    QList<Columna> columnas;   // the first is the code
-    int mensajeExiste = 9999;  // MensajeError code of a code that exists on insert
-    int mensajeFalta = 9999;   // and of one missing on modify
-    int mensajeBorrarFalta = 0;  // and on delete; 0 clears the fields without a word
+    QList<Campo> campos;              // by index; txt(0) is the code
+    QList<Marca> marcas;              // in the order they show
+    QList<Columna> columnas;          // the first is the code
+    int mensajeExiste = 9999;         // MensajeError code of a code that exists on insert
+    int mensajeFalta = 9999;          // and of one missing on modify
+    int mensajeBorrarFalta = 0;       // and on delete; 0 clears the fields without a word
     bool requiereDelegacion = false;  // a branch in session, besides the company
     std::function<QString(const QString& codigo)> pregunta;  // before deleting
     bool lupaEnBarra = true;  // whether the toolbar's lupa button shows the lookup
@@ -172,5 +172,5 @@ private:
     QList<QCheckBox*> chk_;
     QList<QRadioButton*> opt_;
     QList<const mantenimiento::Marca*> casillas_;  // the declaration of each chk
-    int activo_ = -1;  // the field that last held the focus
+    int activo_ = -1;                              // the field that last held the focus
 };

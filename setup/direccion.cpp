@@ -7,10 +7,14 @@ QList<mantenimiento::Campo> camposDireccion() {
                                     .longitud = longitud};
     };
     QList<mantenimiento::Campo> campos = {
-        campo("&Nombre:", "nombre", 0),        campo("&Dirección:", "direccion", 0),
-        campo("C.&P.:", "cp", 10),             campo("P&oblación:", "poblacion", 0),
-        campo("P&rovincia:", "provincia", 0),  campo("Pa&ís:", "pais", 0),
-        campo("&Teléfono:", "telefono", 20),   campo("&FAX:", "fax", 20),
+        campo("&Nombre:", "nombre", 0),
+        campo("&Dirección:", "direccion", 0),
+        campo("C.&P.:", "cp", 10),
+        campo("P&oblación:", "poblacion", 0),
+        campo("P&rovincia:", "provincia", 0),
+        campo("Pa&ís:", "pais", 0),
+        campo("&Teléfono:", "telefono", 20),
+        campo("&FAX:", "fax", 20),
         campo("&E-Mail:", "correo", 0),
     };
     campos[0].obligatorio = true;

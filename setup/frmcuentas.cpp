@@ -3,9 +3,9 @@
 #include "data/entidades/cuentas.h"
 #include "data/global.h"
 #include "data/mensajes.h"
-#include "formularios_empresa.h"
 #include "forms/mantenimiento.h"
 #include "forms/msgbox.h"
+#include "formularios_empresa.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -37,8 +37,8 @@ Declaracion declaracionCuentas() {
          .columna = QStringLiteral("descripcion"),
          .obligatorio = true},
     };
-    d.marcas = {{.etiqueta = QStringLiteral("&Pases contables"),
-                 .columna = QStringLiteral("pases")}};
+    d.marcas = {
+        {.etiqueta = QStringLiteral("&Pases contables"), .columna = QStringLiteral("pases")}};
     d.columnas = {{QStringLiteral("Cuenta"), QStringLiteral("cuenta"), 110},
                   {QStringLiteral("Descripción"), QStringLiteral("descripcion"), 360},
                   {QStringLiteral("Pases"), QStringLiteral("pases"), 50}};
@@ -73,8 +73,8 @@ protected:
     // A new code of full length is proposed as a posting account; a shorter one keeps the box
     // as it stands.
     void cargarCodigo() override {
-        Recordset fila = cuentas::GetList(*sesion_conexion, condicionCodigo(txt(0)->text()),
-                                          QString());
+        Recordset fila =
+            cuentas::GetList(*sesion_conexion, condicionCodigo(txt(0)->text()), QString());
         if (fila.eof()) {
             if (txt(0)->text().size() == sesion_digitos) chk(0)->setChecked(true);
             return;

@@ -2,8 +2,8 @@
 #include "data/global.h"
 #include "data/mensajes.h"
 #include "direccion.h"
-#include "formularios_empresa.h"
 #include "forms/msgbox.h"
+#include "formularios_empresa.h"
 
 namespace {
 
@@ -28,16 +28,17 @@ Declaracion declaracionDelegaciones() {
     d.mensajeFalta = 1016;
     d.pregunta = [](const QString& codigo) {
         return QStringLiteral("¿Desea eliminar la delegación ") + codigo +
-               QStringLiteral("? (Los datos relacionados con la delegación tambien se "
-                              "eliminarán)");
+               QStringLiteral(
+                   "? (Los datos relacionados con la delegación tambien se "
+                   "eliminarán)");
     };
     d.insertar = [](const QStringList& v) {
-        Delegaciones::Insert(*sesion_conexion, sesion_empresa, v[0], v[1], v[2], v[3], v[4],
-                             v[5], v[6], v[7], v[8], v[9], sesion_usuario, false);
+        Delegaciones::Insert(*sesion_conexion, sesion_empresa, v[0], v[1], v[2], v[3], v[4], v[5],
+                             v[6], v[7], v[8], v[9], sesion_usuario, false);
     };
     d.actualizar = [](const QStringList& v) {
-        Delegaciones::Update(*sesion_conexion, sesion_empresa, v[0], v[1], v[2], v[3], v[4],
-                             v[5], v[6], v[7], v[8], v[9], sesion_usuario, false);
+        Delegaciones::Update(*sesion_conexion, sesion_empresa, v[0], v[1], v[2], v[3], v[4], v[5],
+                             v[6], v[7], v[8], v[9], sesion_usuario, false);
     };
     d.borrar = [](const QString& codigo) {
         Delegaciones::Delete(*sesion_conexion, sesion_empresa, codigo, false);

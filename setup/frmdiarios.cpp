@@ -1,7 +1,7 @@
 #include "data/entidades/diarios.h"
 #include "data/global.h"
-#include "formularios_empresa.h"
 #include "forms/mantenimiento.h"
+#include "formularios_empresa.h"
 
 namespace {
 

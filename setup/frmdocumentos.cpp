@@ -3,9 +3,9 @@
 #include "data/entidades/documentos.h"
 #include "data/global.h"
 #include "data/mensajes.h"
-#include "formularios_empresa.h"
 #include "forms/mantenimiento.h"
 #include "forms/msgbox.h"
+#include "formularios_empresa.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -112,7 +112,9 @@ public:
     }
 
 protected:
-    QString partida() const { return opt(0)->isChecked() ? QStringLiteral("D") : QStringLiteral("H"); }
+    QString partida() const {
+        return opt(0)->isChecked() ? QStringLiteral("D") : QStringLiteral("H");
+    }
 
     QString cartera() const {
         if (chk(1)->isChecked()) return QStringLiteral("A");
@@ -131,8 +133,8 @@ protected:
     }
 
     void cargarCodigo() override {
-        Recordset fila = Documentos::GetList(*sesion_conexion, condicionCodigo(txt(0)->text()),
-                                             QString());
+        Recordset fila =
+            Documentos::GetList(*sesion_conexion, condicionCodigo(txt(0)->text()), QString());
         if (fila.eof()) return;
         ponerTexto(1, NzTexto(fila[QStringLiteral("descripcion")]));
         ponerTexto(2, NzTexto(fila[QStringLiteral("numeracion")]));
@@ -153,9 +155,8 @@ protected:
         if (i != 3 || txt(3)->text().isEmpty()) return true;
         bool sinFallo = true;
         int longitud = 0;
-        sinFallo = Protegido([&] {
-            longitud = deLaSerie(txt(2)->text(), QStringLiteral("longitud"), 0).toInt();
-        });
+        sinFallo = Protegido(
+            [&] { longitud = deLaSerie(txt(2)->text(), QStringLiteral("longitud"), 0).toInt(); });
         if (!sinFallo) return false;
         if (longitud + txt(3)->text().size() <= 10) return true;
         MsgBox(MensajeError(9999), Icono::Critico);

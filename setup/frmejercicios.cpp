@@ -4,9 +4,9 @@
 #include "data/formato.h"
 #include "data/global.h"
 #include "data/mensajes.h"
-#include "formularios_empresa.h"
 #include "forms/mantenimiento.h"
 #include "forms/msgbox.h"
+#include "formularios_empresa.h"
 
 #include <QCheckBox>
 #include <QDate>
@@ -139,8 +139,7 @@ private:
         for (; !anios.eof(); anios.moveNext()) {
             const QString p = NzTexto(anios[QStringLiteral("fecha_inicial")]);
             const QString q = NzTexto(anios[QStringLiteral("fecha_final")]);
-            const bool dentro =
-                (desde >= p && desde <= q) || (hasta >= p && hasta <= q);
+            const bool dentro = (desde >= p && desde <= q) || (hasta >= p && hasta <= q);
             if (dentro && anios[QStringLiteral("ejercicio")].toInt() != anio(txt(0)->text()))
                 return true;
         }

@@ -3,9 +3,9 @@
 #include "data/global.h"
 #include "data/mensajes.h"
 #include "direccion.h"
-#include "formularios_empresa.h"
 #include "forms/msgbox.h"
 #include "forms/nif.h"
+#include "formularios_empresa.h"
 
 #include <cmath>
 
@@ -58,8 +58,9 @@ Declaracion declaracionEmpresas() {
     d.mensajeFalta = 1011;
     d.pregunta = [](const QString& codigo) {
         return QStringLiteral("¿Desea eliminar el empresa ") + codigo +
-               QStringLiteral("? (Los datos relacionados con la empresa tambien se "
-                              "eliminarán)");
+               QStringLiteral(
+                   "? (Los datos relacionados con la empresa tambien se "
+                   "eliminarán)");
     };
     d.insertar = [](const QStringList& v) {
         Empresas::Insert(*sesion_conexion, v[0], v[1], v[2], v[3], v[4], v[5], v[6], v[7], v[8],

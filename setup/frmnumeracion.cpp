@@ -2,8 +2,8 @@
 #include "data/formato.h"
 #include "data/global.h"
 #include "data/mensajes.h"
-#include "formularios_empresa.h"
 #include "forms/mantenimiento.h"
+#include "formularios_empresa.h"
 
 #include <cmath>
 
@@ -61,12 +61,12 @@ Declaracion declaracionNumeracion() {
         return QStringLiteral("¿Desea eliminar la numeración ") + codigo + u'?';
     };
     d.insertar = [](const QStringList& v) {
-        numeracion::Insert(*sesion_conexion, sesion_empresa, sesion_ejercicio, v[0],
-                           entero(v[1]), entero(v[2]), v[3], sesion_usuario);
+        numeracion::Insert(*sesion_conexion, sesion_empresa, sesion_ejercicio, v[0], entero(v[1]),
+                           entero(v[2]), v[3], sesion_usuario);
     };
     d.actualizar = [](const QStringList& v) {
-        numeracion::Update(*sesion_conexion, sesion_empresa, sesion_ejercicio, v[0],
-                           entero(v[1]), entero(v[2]), v[3], sesion_usuario);
+        numeracion::Update(*sesion_conexion, sesion_empresa, sesion_ejercicio, v[0], entero(v[1]),
+                           entero(v[2]), v[3], sesion_usuario);
     };
     d.borrar = [](const QString& codigo) {
         numeracion::Delete(*sesion_conexion, sesion_empresa, sesion_ejercicio, codigo);

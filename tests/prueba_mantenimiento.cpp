@@ -25,14 +25,6 @@ namespace {
 
 using namespace mantenimiento;
 
-// Presses a toolbar key where the focus is, as the user does.
-void pulsar(QKeySequence tecla) {
-    QWidget* foco = QApplication::focusWidget();
-    QVERIFY(foco);
-    QTest::keySequence(foco, tecla);
-}
-const QKeySequence kInsertar(Qt::Key_F2), kModificar(Qt::Key_F3), kFiltrar(Qt::Key_F4),
-    kListar(Qt::Key_F5), kCancelar(Qt::Key_Escape), kBorrar(Qt::CTRL | Qt::Key_Delete);
 
 QStringList codigos(const ListaClaves* lista) {
     QStringList c;

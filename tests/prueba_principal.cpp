@@ -3,6 +3,7 @@
 #include "comun/almacen_prueba.h"
 #include "comun/empresa_prueba.h"
 #include "comun/gui_prueba.h"
+#include "comun/sesion_prueba.h"
 #include "data/almacen/programa.h"
 #include "data/arranque.h"
 #include "data/entidades/menususuarios.h"
@@ -28,25 +29,6 @@
 
 namespace {
 
-// Answers the next modal login: `accion` receives it once it shows.
-void responderLogin(std::function<void(frmLogin&)> accion) {
-    auto* reloj = new QTimer;
-    QObject::connect(reloj, &QTimer::timeout, [reloj, accion] {
-        if (auto* login = qobject_cast<frmLogin*>(QApplication::activeModalWidget())) {
-            reloj->stop();
-            reloj->deleteLater();
-            accion(*login);
-        }
-    });
-    reloj->start(10);
-}
-
-void entrarComoMantenimiento(frmLogin& login) {
-    teclear(login.txt(0), "CUSTODIOS");
-    teclear(login.txt(1), "CUSTODIOS");
-    login.cmdOK()->click();
-}
-
 void sesionDe(const QString& usuario) {
     sesion_usuario = usuario;
     sesion_empresa = usuario == "CUSTODIOS" ? QString() : QStringLiteral("EMP");
@@ -59,19 +41,6 @@ QStringList nodos(const QTreeWidget* arbol) {
     for (QTreeWidgetItemIterator it(const_cast<QTreeWidget*>(arbol)); *it; ++it)
         textos << (*it)->text(0);
     return textos;
-}
-
-QTreeWidgetItem* nodo(const QString& texto) {
-    for (QTreeWidgetItemIterator it(menu()->TreeViewMenu()); *it; ++it)
-        if ((*it)->text(0) == texto) return *it;
-    return nullptr;
-}
-
-// A double click on the menu's node of that text.
-void abrir(const QString& texto) {
-    QTreeWidgetItem* n = nodo(texto);
-    QVERIFY2(n, qPrintable(texto));
-    emit menu()->TreeViewMenu()->itemActivated(n, 0);
 }
 
 QStringList abiertos() {

@@ -57,3 +57,9 @@ void silenciarAvisosDePlataforma() {
             if (anterior) anterior(tipo, contexto, texto);
         });
 }
+
+void pulsar(QKeySequence tecla) {
+    QWidget* foco = QApplication::focusWidget();
+    QVERIFY(foco);
+    QTest::keySequence(foco, tecla);
+}

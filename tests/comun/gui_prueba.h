@@ -2,6 +2,7 @@
 
 #include "forms/msgbox.h"
 
+#include <QKeySequence>
 #include <QList>
 #include <QStringList>
 
@@ -42,3 +43,8 @@ void teclear(QLineEdit* campo, const QString& texto);
 // In initTestCase: drops the offscreen platform's warnings about size hints, which say
 // nothing about the program.
 void silenciarAvisosDePlataforma();
+
+// Presses a toolbar key where the focus is, as the user does.
+void pulsar(QKeySequence tecla);
+inline const QKeySequence kInsertar(Qt::Key_F2), kModificar(Qt::Key_F3), kFiltrar(Qt::Key_F4),
+    kListar(Qt::Key_F5), kCancelar(Qt::Key_Escape), kBorrar(Qt::CTRL | Qt::Key_Delete);

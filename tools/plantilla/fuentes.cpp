@@ -1,8 +1,11 @@
 #include "fuentes.h"
 
+#include "reports/estados.h"
+
 #include <QFile>
 #include <QRegularExpression>
 #include <QSet>
+#include <algorithm>
 
 namespace {
 
@@ -122,4 +125,118 @@ Plantilla leerPlantilla(const QString& carpeta) {
     p.pergan = leerEstado(carpeta, QStringLiteral("sysPergan.txt"),
                           {QStringLiteral("D"), QStringLiteral("H")}, 4);
     return p;
+}
+
+namespace {
+
+using estados::Clase;
+
+QString texto(const std::optional<QVariant>& valor) {
+    return valor ? valor->toString() : QString();
+}
+
+struct LineaEstado {
+    QString nombre;  // "A|1|2|0 Inmovilizado material", to name it in a fault
+    QString lado;
+    QList<estados::Token> tokens;
+};
+
+QList<LineaEstado> lineasDe(const QList<entidad::Valores>& filas, int niveles) {
+    QList<LineaEstado> lineas;
+    for (const entidad::Valores& f : filas) {
+        QStringList clave;
+        for (int i = 0; i <= niveles; ++i) clave << texto(f[i]);
+        const QString cuentas = texto(f[niveles + 2]);
+        if (cuentas.isEmpty()) continue;
+        lineas.append({clave.join(u'|') + u' ' + texto(f[niveles + 1]), texto(f[0]),
+                       estados::LeerCuentas(cuentas)});
+    }
+    return lineas;
+}
+
+bool alcanza(const QString& prefijo, const QString& cuenta) {
+    return !prefijo.isEmpty() && (cuenta.startsWith(prefijo) || prefijo.startsWith(cuenta));
+}
+
+void comprobarSignos(const LineaEstado& l, bool situacion, QStringList& problemas) {
+    QSet<Clase> clases;
+    for (const estados::Token& t : l.tokens) clases.insert(t.clase);
+    const auto falla = [&](const char* motivo) {
+        problemas << l.nombre + QStringLiteral(": ") + QString::fromUtf8(motivo);
+    };
+    if (situacion) {
+        if (l.lado == u"A" && clases.contains(Clase::Parentesis) && clases.size() > 1)
+            falla("en el activo, \"(…)\" sólo en líneas de deducción, sin otras cuentas");
+        if (l.lado == u"P" && clases.contains(Clase::Interrogante) && clases.size() > 1)
+            falla("en el pasivo, \"?\" sólo en líneas de \"?\", sin otras cuentas");
+        if (l.lado == u"P" && clases == QSet<Clase>{Clase::Parentesis})
+            falla("en el pasivo, \"(…)\" sólo junto a cuentas sin paréntesis");
+    } else {
+        if (clases.contains(Clase::Interrogante)) falla("\"?\" no cabe en pérdidas y ganancias");
+        if (l.lado == u"D" && clases.contains(Clase::Parentesis))
+            falla("en el debe, sólo cuentas sin paréntesis");
+        if (l.lado == u"H" && clases.contains(Clase::Prefijo))
+            falla("en el haber, sólo cuentas entre paréntesis");
+    }
+}
+
+void comprobarEstado(const QList<LineaEstado>& lineas, const QStringList& universo, bool situacion,
+                     QStringList& problemas) {
+    const QString estado =
+        situacion ? QStringLiteral("balance") : QStringLiteral("pérdidas y ganancias");
+    for (const LineaEstado& l : lineas) {
+        comprobarSignos(l, situacion, problemas);
+        for (const estados::Token& t : l.tokens) {
+            const bool conocida =
+                std::any_of(universo.begin(), universo.end(),
+                            [&](const QString& c) { return alcanza(t.prefijo, c); });
+            if (!conocida)
+                problemas << l.nombre + QStringLiteral(": \"") + t.prefijo +
+                                 QStringLiteral("\" no es ninguna cuenta del plan");
+        }
+    }
+    for (const QString& cuenta : universo) {
+        const bool propia = situacion || cuenta.startsWith(u'6') || cuenta.startsWith(u'7');
+        int simples = 0, activo = 0, pasivo = 0;
+        QStringList donde;
+        for (const LineaEstado& l : lineas)
+            for (const estados::Token& t : l.tokens) {
+                if (!alcanza(t.prefijo, cuenta)) continue;
+                donde << l.nombre;
+                if (t.clase != Clase::Interrogante)
+                    ++simples;
+                else
+                    ++(l.lado == u"A" ? activo : pasivo);
+            }
+        const bool bien = !propia ? donde.isEmpty()
+                                  : (simples == 1 && activo + pasivo == 0) ||
+                                        (situacion && simples == 0 && activo == 1 && pasivo == 1);
+        if (bien) continue;
+        problemas << estado + QStringLiteral(": la cuenta ") + cuenta +
+                         (donde.isEmpty()
+                              ? QStringLiteral(" no está en ninguna línea")
+                              : QStringLiteral(" está en ") + donde.join(QStringLiteral("; ")));
+    }
+}
+
+}  // namespace
+
+QStringList problemasDeLosEstados(const Plantilla& plantilla) {
+    const QStringList universo = cuentasDePase(plantilla.plan);
+    QStringList problemas;
+    comprobarEstado(lineasDe(plantilla.situacion, 3), universo, true, problemas);
+    comprobarEstado(lineasDe(plantilla.pergan, 4), universo, false, problemas);
+    return problemas;
+}
+
+QStringList cuentasDePase(const QList<entidad::Valores>& plan) {
+    QStringList cuentas;
+    for (const entidad::Valores& f : plan) {
+        const QString c = texto(f[0]);
+        if (c.size() == 3)
+            for (char d = '0'; d <= '9'; ++d) cuentas << c + QChar::fromLatin1(d);
+        else if (c.size() == 4 && !cuentas.contains(c))
+            cuentas << c;
+    }
+    return cuentas;
 }

@@ -22,3 +22,20 @@ struct Plantilla {
 // digits in ascending order, each parent before its children and matching the code's own
 // hierarchy, folders without a form; accounts of digits only, each once.
 Plantilla leerPlantilla(const QString& carpeta);
+
+// What keeps the two statements whole, one line per fault (empty when they are right):
+// - every account a company can post to in groups 1 to 7 (each four-digit extension of a
+//   three-digit account, and each four-digit account of the chart) reached by exactly one
+//   balance sheet token, or by a "?" token on each side and nothing else;
+// - every such account of groups 6 and 7 by exactly one profit and loss token, and none of
+//   groups 1 to 5 by any;
+// - every token naming accounts of the chart;
+// - the signs: "(…)" on the assets side only on lines of such tokens alone (deductions,
+//   printed in parentheses and subtracted); "?" on the other side only on lines of "?" tokens
+//   alone; on the profit and loss account, debit lines of plain prefixes, credit lines of
+//   "(…)" tokens, no "?".
+QStringList problemasDeLosEstados(const Plantilla& plantilla);
+
+// The accounts a company can post to, by their first four digits: the ten extensions of each
+// three-digit account of the chart and its four-digit accounts.
+QStringList cuentasDePase(const QList<entidad::Valores>& plan);

@@ -25,6 +25,8 @@ int main(int argc, char* argv[]) {
     const QString fuentes = args[2];
     try {
         const Plantilla plantilla = leerPlantilla(fuentes);
+        if (const QStringList problemas = problemasDeLosEstados(plantilla); !problemas.isEmpty())
+            throw Error(1, problemas.join(u'\n'));
         const QString temporal = salida + QStringLiteral(".nuevo");
         QFile::remove(temporal);
         {
