@@ -60,7 +60,15 @@ FormularioMantenimiento::FormularioMantenimiento(Declaracion declaracion, QWidge
     construir();
 }
 
-FormularioMantenimiento::~FormularioMantenimiento() = default;
+// A form going away checks no field: the focus leaves its fields as the widgets are torn down.
+FormularioMantenimiento::~FormularioMantenimiento() {
+    eventos_->silencio = true;
+}
+
+void FormularioMantenimiento::closeEvent(QCloseEvent* evento) {
+    eventos_->silencio = true;
+    Formulario::closeEvent(evento);
+}
 
 void FormularioMantenimiento::construir() {
     auto* columna = new QVBoxLayout(this);

@@ -148,6 +148,8 @@ protected:
     virtual void alMarcar(QAbstractButton* marca);
     bool existe(const QString& codigo) const;
 
+    void closeEvent(QCloseEvent* evento) override;
+
     // Fields are filled by the program without their change events.
     void ponerTexto(int i, const QString& texto);
     // The field's text as its declaration normalises it.

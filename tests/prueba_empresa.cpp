@@ -449,7 +449,7 @@ private Q_SLOTS:
 
         // A heading keeps its box; an existing one shows its own.
         f->chk(0)->setChecked(true);
-        teclear(f->txt(0), "4300");
+        teclear(f->txt(0), "43999");
         QVERIFY(f->chk(0)->isChecked());
         teclear(f->txt(0), "430");
         QVERIFY(!f->chk(0)->isChecked());

@@ -28,10 +28,15 @@ void escribir(QLineEdit* campo, const QString& texto) {
     campo->setFocus(Qt::TabFocusReason);
     QApplication::processEvents();
     campo->selectAll();
-    if (texto.isEmpty())
-        QTest::keyClick(campo, Qt::Key_Delete);
-    else
-        QTest::keyClicks(campo, texto);
+    if (texto.isEmpty()) QTest::keyClick(campo, Qt::Key_Delete);
+    // Keys beyond ASCII (ñ, á, ç) arrive as the text of a key without a code, as a Spanish
+    // keyboard sends them.
+    for (const QChar c : texto) {
+        if (c.unicode() < 128)
+            QTest::keyClick(campo, c.toLatin1());
+        else
+            QTest::sendKeyEvent(QTest::Click, campo, Qt::Key_unknown, QString(c), Qt::NoModifier);
+    }
 }
 
 void salir(QWidget* campo) {
