@@ -25,7 +25,6 @@ namespace {
 
 using namespace mantenimiento;
 
-
 QStringList codigos(const ListaClaves* lista) {
     QStringList c;
     for (int i = 0; i < lista->filas(); ++i) c << lista->texto(i, 0);

@@ -72,7 +72,8 @@ private Q_SLOTS:
         } catch (const Error& e) {
             QCOMPARE(e.numero(), 6);
         }
-        QCOMPARE(nif::CalcularLetraNif(QStringLiteral("2147483647")), nif::LetraControl(2147483647));
+        QCOMPARE(nif::CalcularLetraNif(QStringLiteral("2147483647")),
+                 nif::LetraControl(2147483647));
     }
 };
 
