@@ -3,6 +3,7 @@
 #include "forms/msgbox.h"
 #include "session/principal.h"
 #include "session/sesion.h"
+#include "posting/formularios_asientos.h"
 #include "setup/formularios_empresa.h"
 
 #include <QApplication>
@@ -16,6 +17,7 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(QIcon(programa::ruta(QStringLiteral("icons16/saldeva.ico"))));
     registrarFormulariosSesion();
     registrarFormulariosEmpresa();
+    registrarFormulariosAsientos();
     VentanasPrograma ventanas;
     int resultado = Main(ventanas);
     if (resultado == 0 && principal()) resultado = QApplication::exec();

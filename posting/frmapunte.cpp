@@ -1,0 +1,379 @@
+#include "frmapunte.h"
+
+#include "data/global.h"
+#include "data/mensajes.h"
+#include "forms/barra.h"
+#include "forms/campos.h"
+#include "forms/lista.h"
+#include "forms/lupa.h"
+#include "forms/msgbox.h"
+
+#include <QAction>
+#include <QDate>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace {
+constexpr int kCampos = 62;
+const QString kContrapartida = QStringLiteral("Contrapartida");
+
+QString hoy() {
+    return QDate::currentDate().toString(QStringLiteral("dd/MM/yyyy"));
+}
+}  // namespace
+
+frmApunte::frmApunte() : Formulario(QStringLiteral("frmApunte"), QStringLiteral("Entrada de apuntes")) {
+    txt_.fill(nullptr, kCampos);
+    construir();
+    ponerTexto(3, hoy());
+    ponerTexto(4, hoy());
+}
+
+// A form going away checks no field: the focus leaves its fields as the widgets are torn down.
+frmApunte::~frmApunte() {
+    eventos_->silencio = true;
+}
+
+QString frmApunte::faltaSesion() const {
+    if (sesion_empresa.isEmpty() || sesion_delegacion.isEmpty() || sesion_ejercicio == 0)
+        return MensajeError(1040);
+    return {};
+}
+
+QLineEdit* frmApunte::campo(QWidget* padre, int i, const QString& tag) {
+    auto* t = new QLineEdit(padre);
+    t->setObjectName(QStringLiteral("txt(%1)").arg(i));
+    t->setProperty("Tag", tag);
+    eventos_->vigilar(t, i);
+    txt_[i] = t;
+    return t;
+}
+
+void frmApunte::construir() {
+    eventos_ = new EventosCampos(this);
+    auto* columna = new QVBoxLayout(this);
+    columna->setContentsMargins(4, 0, 4, 4);
+
+    toolbar_ = new QToolBar(this);
+    toolbar_->setObjectName(QStringLiteral("ToolbarApuntes"));
+    MontarToolbar(toolbar_, this);
+    columna->addWidget(toolbar_);
+    for (const QString& clave :
+         {claves::cancelar, claves::insertar, claves::modificar, claves::filtrar, claves::lupa,
+          claves::borrar, claves::listar, claves::imprimir, claves::ayudar})
+        connect(Boton(toolbar_, clave), &QAction::triggered, this, [this, clave] { alPulsar(clave); });
+    DesactivarBotones(toolbar_, {claves::modificar, claves::filtrar, claves::lupa, claves::listar,
+                                 claves::imprimir});
+
+    tabs_ = new QTabBar(this);
+    tabs_->setObjectName(QStringLiteral("TabStripApuntes"));
+    tabs_->setAccessibleName(QStringLiteral("Pestañas del asiento"));
+    for (const char* titulo : {"Apunte", "IVA", "Cartera", "Contrapartida"})
+        tabs_->addTab(QString::fromUtf8(titulo));
+    tabs_->setExpanding(false);
+    columna->addWidget(tabs_);
+
+    pila_ = new QStackedWidget(this);
+    const std::array<QWidget*, 5> marcos{construirMarcoApunte(), new QWidget, new QWidget,
+                                         construirMarcoContrapartida(), new QWidget};
+    for (int i = 0; i < 5; ++i) {
+        auto* marco = new QWidget;
+        marco->setObjectName(QStringLiteral("frmAsiento(%1)").arg(i));
+        auto* dentro = new QVBoxLayout(marco);
+        dentro->setContentsMargins(0, 4, 0, 0);
+        dentro->addWidget(marcos[i], 1);
+        frmAsiento_[i] = marcos[i];
+        pila_->addWidget(marco);
+    }
+    columna->addWidget(pila_, 1);
+
+    // One pair of buttons per tab, the pair of the tab on show visible; they stay usable on a
+    // shown entry, whose fields cannot be edited, so that its tabs can be walked.
+    auto* botones = new QHBoxLayout;
+    botones->addStretch(1);
+    for (int i = 0; i < 4; ++i) {
+        auto* s = new QPushButton(QStringLiteral("&Siguiente >"), this);
+        s->setObjectName(QStringLiteral("sig(%1)").arg(i));
+        auto* a = new QPushButton(QStringLiteral("< &Anterior"), this);
+        a->setObjectName(QStringLiteral("ant(%1)").arg(i));
+        for (QPushButton* b : {a, s}) {
+            b->setAutoDefault(true);  // Enter presses it
+            b->setVisible(i == 0);
+        }
+        connect(a, &QPushButton::clicked, this, [this] { avanzar(-1); });
+        connect(s, &QPushButton::clicked, this, [this] { avanzar(+1); });
+        botones->addWidget(a);
+        botones->addWidget(s);
+        ant_ << a;
+        sig_ << s;
+    }
+    columna->addLayout(botones);
+
+    // The tabs from the keyboard, through the same machine as a click.
+    auto* proxima = new QAction(this);
+    proxima->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown));
+    connect(proxima, &QAction::triggered, this, [this] { avanzar(+1); });
+    auto* previa = new QAction(this);
+    previa->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageUp));
+    connect(previa, &QAction::triggered, this, [this] { avanzar(-1); });
+    addActions({proxima, previa});
+
+    connect(tabs_, &QTabBar::currentChanged, this, &frmApunte::alCambiarPestana);
+    eventos_->manejadores({
+        .foco = [this](int i) { alFoco(i); },
+        .validar = [this](int i) { return comprobar(i); },
+        .salir = [this](int i) { alSalir(i); },
+        .cambio = {},
+        .dobleClic =
+            [this](int) {
+                if (Boton(toolbar_, claves::lupa)->isEnabled())
+                    Protegido([this] { MostrarLupa(this); });
+            },
+    });
+
+    guardarColumnasDe(lista_, QStringLiteral("Grid_AC"));
+    setFocusProxy(txt_[0]);
+    tamanoInicial(780, 560);
+}
+
+QWidget* frmApunte::construirMarcoApunte() {
+    auto* marco = new QWidget;
+    auto* rejilla = new QGridLayout(marco);
+    const auto fila = [&](int r, const QString& etiqueta, int i, const QString& tag, int ancho) {
+        auto* l = new QLabel(etiqueta, marco);
+        QLineEdit* t = campo(marco, i, tag);
+        if (ancho) t->setMaximumWidth(t->fontMetrics().averageCharWidth() * (ancho + 2) + 12);
+        rotular(l, t);
+        rejilla->addWidget(l, r, 0);
+        rejilla->addWidget(t, r, 1);
+        return t;
+    };
+    fila(0, QStringLiteral("&Diario:"), 0, QStringLiteral("DIARIOS.codigo_diario"), 6);
+    des0_ = new QLabel(marco);
+    des0_->setObjectName(QStringLiteral("des(0)"));
+    rejilla->addWidget(des0_, 0, 2, 1, 3);
+    fila(1, QStringLiteral("D&ocumento:"), 1, QStringLiteral("DOCUMENTOS.codigo_documento"), 6);
+    QLineEdit* numero = campo(marco, 2);
+    numero->setAccessibleName(QStringLiteral("Número"));
+    numero->setMaximumWidth(numero->fontMetrics().averageCharWidth() * 16 + 12);
+    rejilla->addWidget(numero, 1, 2);
+    fila(2, QStringLiteral("&Fecha contable:"), 3, {}, 10);
+    auto* etiqueta4 = new QLabel(QStringLiteral("Fec&ha documento:"), marco);
+    QLineEdit* fecha4 = campo(marco, 4);
+    fecha4->setMaximumWidth(fecha4->fontMetrics().averageCharWidth() * 12 + 12);
+    rotular(etiqueta4, fecha4);
+    rejilla->addWidget(etiqueta4, 2, 2, Qt::AlignRight);
+    rejilla->addWidget(fecha4, 2, 3);
+    fila(3, QStringLiteral("&Cuenta:"), 5, QStringLiteral("CUENTAS.cuenta"), 14);
+    des5_ = new QLabel(marco);
+    des5_->setObjectName(QStringLiteral("des(5)"));
+    rejilla->addWidget(des5_, 3, 2, 1, 3);
+    fila(4, QStringLiteral("&Importe:"), 6, {}, 14)->setAlignment(Qt::AlignRight);
+    fila(5, QStringLiteral("&Referencia:"), 7, {}, 0);
+    fila(6, QStringLiteral("Co&ncepto:"), 8, {}, 0);
+    for (int i : {7, 8}) rejilla->addWidget(txt_[i], i - 2, 1, 1, 4);
+    rejilla->setColumnStretch(4, 1);
+    rejilla->setRowStretch(7, 1);
+    return marco;
+}
+
+QWidget* frmApunte::construirMarcoContrapartida() {
+    auto* marco = new QWidget;
+    auto* caja = new QVBoxLayout(marco);
+    caja->setContentsMargins(0, 0, 0, 0);
+    auto* linea = new QHBoxLayout;
+    const auto par = [&](QHBoxLayout* donde, const QString& etiqueta, int i, const QString& tag,
+                         int ancho) {
+        auto* l = new QLabel(etiqueta, marco);
+        QLineEdit* t = campo(marco, i, tag);
+        if (ancho) t->setMaximumWidth(t->fontMetrics().averageCharWidth() * (ancho + 2) + 12);
+        rotular(l, t);
+        donde->addWidget(l);
+        donde->addWidget(t, ancho ? 0 : 1);
+        return t;
+    };
+    par(linea, QStringLiteral("S&ubcuenta:"), 54, QStringLiteral("CUENTAS.cuenta"), 12);
+    par(linea, QStringLiteral("D&ebe:"), 55, {}, 12)->setAlignment(Qt::AlignRight);
+    par(linea, QStringLiteral("Ha&ber:"), 56, {}, 12)->setAlignment(Qt::AlignRight);
+    par(linea, QStringLiteral("Co&ncepto:"), 57, {}, 0);
+    btnContrapartida_ = new QPushButton(QStringLiteral("Añadi&r"), marco);
+    btnContrapartida_->setObjectName(QStringLiteral("btnContrapartida"));
+    btnContrapartida_->setAutoDefault(true);
+    connect(btnContrapartida_, &QPushButton::clicked, this, &frmApunte::anadirContrapartida);
+    linea->addWidget(btnContrapartida_);
+    caja->addLayout(linea);
+
+    lista_ = new ListaClaves(marco);
+    lista_->setObjectName(QStringLiteral("ListViewApunte"));
+    lista_->setAccessibleName(QStringLiteral("Líneas del asiento"));
+    lista_->columnas({QStringLiteral("Nº. Ap."), QStringLiteral("Fecha"),
+                      QStringLiteral("Subcuenta"), QStringLiteral("Debe"), QStringLiteral("Haber"),
+                      QStringLiteral("Concepto"), QStringLiteral("Tipus")},
+                     {70, 85, 100, 100, 100, 220, 50});
+    connect(lista_, &QTreeWidget::itemActivated, this, &frmApunte::alActivarLinea);
+    caja->addWidget(lista_, 1);
+
+    auto* totales = new QHBoxLayout;
+    totales->addStretch(1);
+    par(totales, QStringLiteral("Debe Asiento:"), 58, {}, 18);
+    par(totales, QStringLiteral("Haber Asiento:"), 59, {}, 18);
+    par(totales, QStringLiteral("Saldo Asiento:"), 60, {}, 22);
+    for (int i : {58, 59, 60}) {
+        txt_[i]->setReadOnly(true);
+        txt_[i]->setFocusPolicy(Qt::ClickFocus);
+        txt_[i]->setAlignment(Qt::AlignRight);
+    }
+    caja->addLayout(totales);
+    return marco;
+}
+
+int frmApunte::pestana() const {
+    return tabs_->currentIndex() + 1;
+}
+
+int frmApunte::marco() const {
+    return pila_->currentIndex();
+}
+
+void frmApunte::ponerTexto(int i, const QString& texto) {
+    const bool antes = eventos_->silencio;
+    eventos_->silencio = true;
+    txt_[i]->setText(texto);
+    eventos_->silencio = antes;
+}
+
+void frmApunte::activarMarcos(bool activos) {
+    for (QWidget* m : frmAsiento_) m->setEnabled(activos);
+}
+
+void frmApunte::LimpiarPantalla() {
+    mostrando_ = false;
+    activarMarcos(true);
+    for (int i = 0; i < kCampos; ++i)
+        if (txt_[i]) ponerTexto(i, QString());
+    ponerTexto(3, hoy());
+    ponerTexto(4, hoy());
+    des0_->clear();
+    des5_->clear();
+    lineas_.limpiar();
+    TotalesAsiento();
+    for (int p = pestana() - 1; p >= 1; --p) seleccionar(p);
+    Boton(toolbar_, claves::insertar)->setEnabled(true);
+    txt_[0]->setFocus();
+}
+
+// --- The tab machine -------------------------------------------------------------------------
+
+void frmApunte::seleccionar(int p) {
+    tabs_->setCurrentIndex(p - 1);
+}
+
+void frmApunte::bajarHasta(int p) {
+    for (int k = pestana() - 1; k >= p; --k) seleccionar(k);
+}
+
+void frmApunte::avanzar(int paso) {
+    for (int p = pestana() + paso; p >= 1 && p <= 4; p += paso)
+        if (Paginas[p]) return seleccionar(p);
+}
+
+void frmApunte::alCambiarPestana(int indice) {
+    if (SaltarClick) {
+        SaltarClick = false;
+        return;
+    }
+    const int elegida = indice + 1;
+    int siguiente = -1, anterior = -1;
+    for (int i = TabAnterior + 1; i <= 4 && siguiente < 0; ++i)
+        if (Paginas[i]) siguiente = i;
+    for (int i = TabAnterior - 1; i >= 1 && anterior < 0; --i)
+        if (Paginas[i]) anterior = i;
+    const auto rechazar = [this] {
+        SaltarClick = true;
+        seleccionar(TabAnterior);
+    };
+    // Only the nearest tab that takes part, on either side; a jump over one bounces.
+    if ((elegida != siguiente && elegida != anterior) || !Paginas[elegida]) return rechazar();
+    // The field being typed in was never left: it is checked before the tab is.
+    if (TabAnterior == 1 && !mostrando_ && !revisarCabecera()) return rechazar();
+
+    const QString mensaje = ValidarObligatorios(TabAnterior - 1);
+    if (mensaje.isEmpty()) {
+        // The VAT and portfolio tabs, once on this screen, generate their lines here too.
+        if (TabAnterior == 1) GenerarPartida();
+    }
+    if (!mensaje.isEmpty()) {
+        rechazar();
+        MsgBox(mensaje, Icono::Critico);
+        return;
+    }
+    int frame = elegida - 1;
+    if (frame == 2 && (documento_.cartera == u"C" || documento_.cartera == u"P")) frame = 4;
+    TabAnterior = elegida;
+    MostrarPagina(frame);
+}
+
+void frmApunte::MostrarPagina(int frame) {
+    // Whatever had the focus was checked already: it goes quietly, the new field arrives.
+    eventos_->silencio = true;
+    tabs_->setFocus();
+    pila_->setCurrentIndex(frame);
+    eventos_->silencio = false;
+    for (int i = 0; i < 4; ++i) {
+        ant_[i]->setVisible(i == pestana() - 1);
+        sig_[i]->setVisible(i == pestana() - 1);
+    }
+    if (!frmAsiento_[frame]->isEnabled()) return;
+    static constexpr int kFoco[] = {0, 9, 49, 54, -1};
+    QWidget* foco = kFoco[frame] >= 0 ? txt_[kFoco[frame]] : nullptr;
+    (foco ? foco : frmAsiento_[frame])->setFocus();
+}
+
+QString frmApunte::ValidarObligatorios(int pagina) {
+    if (pagina != 0) return {};
+    for (int i = 0; i <= 6; ++i) {
+        if (txt_[i]->text().isEmpty()) {
+            txt_[i]->setFocus();
+            return MensajeError(1000);
+        }
+    }
+    return {};
+}
+
+// Every field of the header again, the first that fails with its message and the focus.
+bool frmApunte::revisarCabecera() {
+    const int enFoco = int(txt_.indexOf(focusWidget()));
+    for (int i = 0; i <= 8; ++i)
+        if (!comprobar(i)) {
+            txt_[i]->setFocus();
+            return false;
+        }
+    if (enFoco >= 0 && enFoco <= 8) alSalir(enFoco);
+    return true;
+}
+
+// --- The toolbar -----------------------------------------------------------------------------
+
+void frmApunte::alPulsar(const QString& clave) {
+    // On the last tab only the two that store the entry do anything, cancelar and borrar
+    // included: a shown entry is left from another tab.
+    if (pestana() == 4) {
+        if (clave == claves::insertar) GrabarAsiento();
+        return;
+    }
+    if (clave == claves::insertar || clave == claves::modificar)
+        MsgBox(MensajeError(1039), Icono::Critico);
+    else if (clave == claves::cancelar)
+        LimpiarPantalla();
+    else if (clave == claves::lupa)
+        Protegido([this] { MostrarLupa(this); });
+    else if (clave == claves::borrar)
+        BorrarAsiento();
+}

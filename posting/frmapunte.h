@@ -1,0 +1,116 @@
+#pragma once
+
+#include "documento.h"
+#include "forms/formulario.h"
+#include "lineas.h"
+
+#include <QList>
+#include <array>
+
+class EventosCampos;
+class ListaClaves;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QStackedWidget;
+class QTabBar;
+class QToolBar;
+class QTreeWidgetItem;
+
+// "Entrada de apuntes": the one screen on which journal entries are written. An entry is built
+// on four tabs, one after another (the header and main line, VAT, portfolio, counterpart),
+// and nothing is stored until `insertar` on the last one. Only the nearest tab that takes part
+// can be reached in one move; leaving a tab checks it and generates its lines.
+//
+// The fields are numbered as the rest of the system names them, txt(0) to txt(61). The VAT
+// and portfolio tabs keep their frames (1, 2 and 4) and their numbers (9 to 53, 61); their
+// fields are not on this screen yet, so txt() gives nullptr for them.
+//
+// An entry typed by its number is shown read-only: the tabs can be walked, `cancelar` leaves
+// it and `borrar` removes it with everything that hangs from it.
+class frmApunte : public Formulario {
+    Q_OBJECT
+public:
+    frmApunte();
+    ~frmApunte() override;
+
+    QString faltaSesion() const override;
+    QToolBar* barra() const override { return toolbar_; }
+
+    QLineEdit* txt(int i) const { return txt_.at(i); }
+    QLabel* des(int i) const { return i == 0 ? des0_ : des5_; }
+    QPushButton* ant(int i) const { return ant_.at(i); }
+    QPushButton* sig(int i) const { return sig_.at(i); }
+    QPushButton* btnContrapartida() const { return btnContrapartida_; }
+    QTabBar* TabStripApuntes() const { return tabs_; }
+    ListaClaves* ListViewApunte() const { return lista_; }
+    const LineasAsiento& lineas() const { return lineas_; }
+    // The selected tab, 1 to 4, and the frame on show, 0 to 4.
+    int pestana() const;
+    int marco() const;
+    // Whether an entry of the store is on show (read-only).
+    bool mostrando() const { return mostrando_; }
+
+    // The third party's usual counterpart account, proposed once on the last tab.
+    void ponerCtaContrapartida(const QString& cuenta) { CtaContrapartida = cuenta; }
+
+    void LimpiarPantalla();
+
+private:
+    void construir();
+    QWidget* construirMarcoApunte();
+    QWidget* construirMarcoContrapartida();
+    QLineEdit* campo(QWidget* padre, int i, const QString& tag = {});
+
+    // The tab machine.
+    void alCambiarPestana(int indice);
+    void seleccionar(int pestana);
+    void bajarHasta(int pestana);
+    void avanzar(int paso);
+    void MostrarPagina(int frame);
+    QString ValidarObligatorios(int pagina);
+    bool revisarCabecera();
+
+    // Fields.
+    void alFoco(int i);
+    bool comprobar(int i);
+    void alSalir(int i);
+    void ponerTexto(int i, const QString& texto);
+    void activarMarcos(bool activos);
+
+    // The header and main line.
+    void leerDocumento();
+    void GenerarPartida();
+    void CargarAsiento();
+
+    // The counterpart and the line list.
+    void anadirContrapartida();
+    void ContrapartidaAutomatica();
+    void alActivarLinea(QTreeWidgetItem* fila);
+    void TotalesAsiento();
+
+    // The toolbar.
+    void alPulsar(const QString& clave);
+    void GrabarAsiento();
+    void BorrarAsiento();
+
+    QToolBar* toolbar_ = nullptr;
+    QTabBar* tabs_ = nullptr;
+    QStackedWidget* pila_ = nullptr;
+    std::array<QWidget*, 5> frmAsiento_{};  // the editable part of each frame
+    QList<QLineEdit*> txt_;
+    QLabel* des0_ = nullptr;
+    QLabel* des5_ = nullptr;
+    QList<QPushButton*> ant_, sig_;
+    QPushButton* btnContrapartida_ = nullptr;
+    ListaClaves* lista_ = nullptr;
+    EventosCampos* eventos_ = nullptr;
+
+    LineasAsiento lineas_;
+    std::array<bool, 5> Paginas{false, true, false, false, false};
+    int TabAnterior = 1;
+    bool SaltarClick = false;
+    DocumentoApunte documento_;  // partida, numeracion, cartera, identificador
+    QString CtaContrapartida;
+    bool mostrando_ = false;
+};
