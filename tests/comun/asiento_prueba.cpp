@@ -1,0 +1,54 @@
+#include "asiento_prueba.h"
+
+#include "almacen_prueba.h"
+#include "data/entidades/cuentas.h"
+#include "data/entidades/diarios.h"
+#include "data/entidades/documentos.h"
+#include "data/entidades/numeracion.h"
+#include "data/global.h"
+#include "empresa_prueba.h"
+
+#include <QDate>
+
+void prepararAsientos() {
+    crearEmpresaPrueba();
+    Conexion& c = *sesion_conexion;
+    const int anio = QDate::currentDate().year();
+    Diarios::Insert(c, "EMP", "GEN", "Diario general", "PRUEBA");
+    numeracion::Insert(c, "EMP", anio, "FAC", 5, 27, "Facturas", "PRUEBA");
+    Documentos::Insert(c, "EMP", "FV", "Factura de venta", "D", "N", "N", "FAC", "FV", "PRUEBA");
+    Documentos::Insert(c, "EMP", "FR", "Factura recibida", "H", "S", "A", "FAC", "FR", "PRUEBA");
+    for (const char* cuenta : {"43000001", "57200001", "70000001", "47700001"})
+        cuentas::Insert(c, "EMP", cuenta, QStringLiteral("Subcuenta %1").arg(cuenta), "S", 8,
+                        "PRUEBA");
+    sesion_usuario = "ANA";
+    sesion_empresa = sesion_delegacion = "EMP";
+    sesion_ejercicio = anio;
+    sesion_digitos = 8;
+    sesion_fecha_inicial = QString::number(anio) + "0101";
+    sesion_fecha_final = QString::number(anio) + "1231";
+    sesion_inicio_bloqueo.clear();
+    sesion_final_bloqueo.clear();
+}
+
+FalloProvocado::FalloProvocado(int numero) {
+    const QString n = QString::number(numero);
+    if (AlmacenPrueba::postgres()) {
+        sesion_conexion->execute(
+            "CREATE FUNCTION fallo_provocado() RETURNS trigger AS $$ BEGIN IF NEW.numero_apunte "
+            "= " + n + " THEN RAISE EXCEPTION 'fallo provocado'; END IF; RETURN NEW; END $$ "
+                       "LANGUAGE plpgsql");
+        sesion_conexion->execute("CREATE TRIGGER fallo_provocado BEFORE INSERT ON Apuntes FOR "
+                                 "EACH ROW EXECUTE FUNCTION fallo_provocado()");
+    } else {
+        sesion_conexion->execute("CREATE TRIGGER fallo_provocado BEFORE INSERT ON Apuntes WHEN "
+                                 "NEW.numero_apunte = " + n +
+                                 " BEGIN SELECT RAISE(ABORT, 'fallo provocado'); END");
+    }
+}
+
+FalloProvocado::~FalloProvocado() {
+    sesion_conexion->execute("DROP TRIGGER fallo_provocado" +
+                             QString(AlmacenPrueba::postgres() ? " ON Apuntes" : ""));
+    if (AlmacenPrueba::postgres()) sesion_conexion->execute("DROP FUNCTION fallo_provocado()");
+}
