@@ -41,6 +41,11 @@ frmApunte::~frmApunte() {
     eventos_->silencio = true;
 }
 
+void frmApunte::closeEvent(QCloseEvent* evento) {
+    eventos_->silencio = true;
+    Formulario::closeEvent(evento);
+}
+
 QString frmApunte::faltaSesion() const {
     if (sesion_empresa.isEmpty() || sesion_delegacion.isEmpty() || sesion_ejercicio == 0)
         return MensajeError(1040);
@@ -89,7 +94,7 @@ void frmApunte::construir() {
         auto* dentro = new QVBoxLayout(marco);
         dentro->setContentsMargins(0, 4, 0, 0);
         dentro->addWidget(marcos[i], 1);
-        frmAsiento_[i] = marcos[i];
+        frmAsiento_[i] = i == 3 ? nuevaLinea_ : marcos[i];
         pila_->addWidget(marco);
     }
     columna->addWidget(pila_, 1);
@@ -184,31 +189,35 @@ QWidget* frmApunte::construirMarcoApunte() {
     return marco;
 }
 
+// The fields of a new line are what a shown entry disables; its lines and totals stay readable.
 QWidget* frmApunte::construirMarcoContrapartida() {
     auto* marco = new QWidget;
     auto* caja = new QVBoxLayout(marco);
     caja->setContentsMargins(0, 0, 0, 0);
-    auto* linea = new QHBoxLayout;
-    const auto par = [&](QHBoxLayout* donde, const QString& etiqueta, int i, const QString& tag,
-                         int ancho) {
-        auto* l = new QLabel(etiqueta, marco);
-        QLineEdit* t = campo(marco, i, tag);
+    const auto par = [&](QWidget* padre, QHBoxLayout* donde, const QString& etiqueta, int i,
+                         const QString& tag, int ancho) {
+        auto* l = new QLabel(etiqueta, padre);
+        QLineEdit* t = campo(padre, i, tag);
         if (ancho) t->setMaximumWidth(t->fontMetrics().averageCharWidth() * (ancho + 2) + 12);
         rotular(l, t);
         donde->addWidget(l);
         donde->addWidget(t, ancho ? 0 : 1);
         return t;
     };
-    par(linea, QStringLiteral("S&ubcuenta:"), 54, QStringLiteral("CUENTAS.cuenta"), 12);
-    par(linea, QStringLiteral("D&ebe:"), 55, {}, 12)->setAlignment(Qt::AlignRight);
-    par(linea, QStringLiteral("Ha&ber:"), 56, {}, 12)->setAlignment(Qt::AlignRight);
-    par(linea, QStringLiteral("Co&ncepto:"), 57, {}, 0);
-    btnContrapartida_ = new QPushButton(QStringLiteral("Añadi&r"), marco);
+    nuevaLinea_ = new QWidget(marco);
+    auto* linea = new QHBoxLayout(nuevaLinea_);
+    linea->setContentsMargins(0, 0, 0, 0);
+    par(nuevaLinea_, linea, QStringLiteral("S&ubcuenta:"), 54, QStringLiteral("CUENTAS.cuenta"),
+        12);
+    par(nuevaLinea_, linea, QStringLiteral("D&ebe:"), 55, {}, 12)->setAlignment(Qt::AlignRight);
+    par(nuevaLinea_, linea, QStringLiteral("Ha&ber:"), 56, {}, 12)->setAlignment(Qt::AlignRight);
+    par(nuevaLinea_, linea, QStringLiteral("Co&ncepto:"), 57, {}, 0);
+    btnContrapartida_ = new QPushButton(QStringLiteral("Añadi&r"), nuevaLinea_);
     btnContrapartida_->setObjectName(QStringLiteral("btnContrapartida"));
     btnContrapartida_->setAutoDefault(true);
     connect(btnContrapartida_, &QPushButton::clicked, this, &frmApunte::anadirContrapartida);
     linea->addWidget(btnContrapartida_);
-    caja->addLayout(linea);
+    caja->addWidget(nuevaLinea_);
 
     lista_ = new ListaClaves(marco);
     lista_->setObjectName(QStringLiteral("ListViewApunte"));
@@ -222,9 +231,9 @@ QWidget* frmApunte::construirMarcoContrapartida() {
 
     auto* totales = new QHBoxLayout;
     totales->addStretch(1);
-    par(totales, QStringLiteral("Debe Asiento:"), 58, {}, 18);
-    par(totales, QStringLiteral("Haber Asiento:"), 59, {}, 18);
-    par(totales, QStringLiteral("Saldo Asiento:"), 60, {}, 22);
+    par(marco, totales, QStringLiteral("Debe Asiento:"), 58, {}, 18);
+    par(marco, totales, QStringLiteral("Haber Asiento:"), 59, {}, 18);
+    par(marco, totales, QStringLiteral("Saldo Asiento:"), 60, {}, 22);
     for (int i : {58, 59, 60}) {
         txt_[i]->setReadOnly(true);
         txt_[i]->setFocusPolicy(Qt::ClickFocus);

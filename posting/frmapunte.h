@@ -56,6 +56,9 @@ public:
 
     void LimpiarPantalla();
 
+protected:
+    void closeEvent(QCloseEvent* evento) override;
+
 private:
     void construir();
     QWidget* construirMarcoApunte();
@@ -98,6 +101,7 @@ private:
     QTabBar* tabs_ = nullptr;
     QStackedWidget* pila_ = nullptr;
     std::array<QWidget*, 5> frmAsiento_{};  // the editable part of each frame
+    QWidget* nuevaLinea_ = nullptr;         // the counterpart tab's fields of a new line
     QList<QLineEdit*> txt_;
     QLabel* des0_ = nullptr;
     QLabel* des5_ = nullptr;

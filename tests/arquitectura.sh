@@ -2,12 +2,12 @@
 # The layers keep to their places: only data/ speaks to the stores (no Qt SQL class, no
 # knowledge of the provider anywhere else), data/ knows nothing of widgets, and forms/ (what
 # all forms share) knows no particular subsystem's form; the company's set-up knows nothing of
-# the session's windows.
+# the session's windows, and posting knows no other subsystem but the shared forms and data.
 set -u
 cd "$(dirname "$0")/.."
 fallos=0
 fuera=$(grep -rlE 'QSql(Query|Database|Error|Record)|Proveedor::|almacen/dialecto\.h' \
-          --include='*.cpp' --include='*.h' app forms session setup tools 2>/dev/null)
+          --include='*.cpp' --include='*.h' app forms session setup posting bench tools 2>/dev/null)
 if [ -n "$fuera" ]; then echo "Acceso al almacén fuera de data/:"; echo "$fuera"; fallos=1; fi
 widgets=$(grep -rlE '#include <Q(Widget|Dialog|MessageBox|Application|MainWindow)' data 2>/dev/null)
 if [ -n "$widgets" ]; then echo "Widgets dentro de data/:"; echo "$widgets"; fallos=1; fi
@@ -15,5 +15,7 @@ arriba=$(grep -rlE '#include "(session|setup|posting|portfolio|reports|yearend)/
 if [ -n "$arriba" ]; then echo "forms/ depende de un subsistema de encima:"; echo "$arriba"; fallos=1; fi
 lado=$(grep -rlE '#include "(session|posting|portfolio|reports|yearend)/' setup 2>/dev/null)
 if [ -n "$lado" ]; then echo "setup/ depende de otro subsistema:"; echo "$lado"; fallos=1; fi
+asientos=$(grep -rlE '#include "(session|setup|portfolio|reports|yearend)/' posting 2>/dev/null)
+if [ -n "$asientos" ]; then echo "posting/ depende de otro subsistema:"; echo "$asientos"; fallos=1; fi
 [ $fallos -eq 0 ] && echo "1 passed, 0 failed"
 exit $fallos
