@@ -69,12 +69,9 @@ void grabar(Conexion& c, int cuantos, quint32 semilla) {
         const QString fecha =
             QDate(kEjercicio, 1, 1).addDays(azar.bounded(365)).toString("dd/MM/yyyy");
         const LineasAsiento lineas = asiento(azar, fecha);
-        const CabeceraAsiento cabecera{"GEN",
-                                       "AS",
-                                       "A" + SiguienteNumero(kEmpresa, kEjercicio, "ASI"),
-                                       fecha,
-                                       fecha,
-                                       QStringLiteral("L=%1").arg(lineas.cuantas())};
+        const CabeceraAsiento cabecera{
+            "GEN", "AS",  "A" + SiguienteNumero(kEmpresa, kEjercicio, "ASI"),
+            fecha, fecha, QStringLiteral("L=%1").arg(lineas.cuantas())};
         GrabarAsiento(c, cabecera, lineas, sesion_usuario);
         std::printf("%s\n", qPrintable(cabecera.numero));
         std::fflush(stdout);
@@ -83,8 +80,9 @@ void grabar(Conexion& c, int cuantos, quint32 semilla) {
 
 void contar(Conexion& c) {
     Recordset rs = Auxiliar::GetListExt(
-        c, "Apuntes", "numero_documento, referencia, COUNT(*) AS lineas, SUM(debe) AS debe, "
-                      "SUM(haber) AS haber",
+        c, "Apuntes",
+        "numero_documento, referencia, COUNT(*) AS lineas, SUM(debe) AS debe, "
+        "SUM(haber) AS haber",
         "codigo_empresa = 'B'", "numero_documento, referencia", {}, "numero_documento");
     int asientos = 0, parciales = 0;
     for (; !rs.eof(); rs.moveNext()) {

@@ -9,12 +9,11 @@ std::array<bool, 5> DocumentoApunte::paginas() const {
 }
 
 std::optional<DocumentoApunte> CargarDocumento(const QString& codigo) {
-    Recordset rs = Documentos::GetList(*sesion_conexion,
-                                       QStringLiteral("codigo_empresa = ") +
-                                           sqlTexto(sesion_empresa) +
-                                           QStringLiteral(" and codigo_documento = ") +
-                                           sqlTexto(codigo),
-                                       {});
+    Recordset rs =
+        Documentos::GetList(*sesion_conexion,
+                            QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) +
+                                QStringLiteral(" and codigo_documento = ") + sqlTexto(codigo),
+                            {});
     if (rs.eof()) return std::nullopt;
     const auto columna = [&](const char* nombre) {
         return NzTexto(rs.value(QLatin1StringView(nombre))).trimmed();

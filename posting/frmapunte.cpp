@@ -29,7 +29,8 @@ QString hoy() {
 }
 }  // namespace
 
-frmApunte::frmApunte() : Formulario(QStringLiteral("frmApunte"), QStringLiteral("Entrada de apuntes")) {
+frmApunte::frmApunte()
+    : Formulario(QStringLiteral("frmApunte"), QStringLiteral("Entrada de apuntes")) {
     txt_.fill(nullptr, kCampos);
     construir();
     ponerTexto(3, hoy());
@@ -73,7 +74,8 @@ void frmApunte::construir() {
     for (const QString& clave :
          {claves::cancelar, claves::insertar, claves::modificar, claves::filtrar, claves::lupa,
           claves::borrar, claves::listar, claves::imprimir, claves::ayudar})
-        connect(Boton(toolbar_, clave), &QAction::triggered, this, [this, clave] { alPulsar(clave); });
+        connect(Boton(toolbar_, clave), &QAction::triggered, this,
+                [this, clave] { alPulsar(clave); });
     DesactivarBotones(toolbar_, {claves::modificar, claves::filtrar, claves::lupa, claves::listar,
                                  claves::imprimir});
 

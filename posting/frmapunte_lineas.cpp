@@ -31,8 +31,8 @@ bool frmApunte::comprobar(int i) {
     QString descripcion;
     const bool hecho = Protegido([&] {
         if (i <= 8)
-            codigo = validacion::ValidarCabecera(i, texto, txt_[1]->text(), documento_,
-                                                 &descripcion);
+            codigo =
+                validacion::ValidarCabecera(i, texto, txt_[1]->text(), documento_, &descripcion);
         else if (i >= 54 && i <= 56)
             codigo = validacion::ValidarContrapartida(i, texto);
     });
@@ -68,8 +68,8 @@ void frmApunte::GenerarPartida() {
     lineas_.BorrarLineasTipo(QStringLiteral("P"));
     const double importe = formato::leerNumero(txt_[6]->text()).value_or(0);
     const bool debe = documento_.partida == u"D";
-    lineas_.AnadirLinea(0, txt_[3]->text(), txt_[5]->text(), debe ? importe : 0,
-                        debe ? 0 : importe, txt_[8]->text(), QStringLiteral("P"));
+    lineas_.AnadirLinea(0, txt_[3]->text(), txt_[5]->text(), debe ? importe : 0, debe ? 0 : importe,
+                        txt_[8]->text(), QStringLiteral("P"));
     TotalesAsiento();
 }
 
@@ -169,10 +169,10 @@ void frmApunte::alActivarLinea(QTreeWidgetItem* fila) {
 void frmApunte::TotalesAsiento() {
     lista_->limpiar();
     for (const LineaApunte& l : lineas_.lineas()) {
-        QTreeWidgetItem* fila = lista_->agregar(
-            LineasAsiento::clave(l.numero),
-            {LineasAsiento::textoNumero(l.numero), l.fecha, l.cuenta, textoPantalla(l.debe),
-             textoPantalla(l.haber), l.concepto, l.tipo});
+        QTreeWidgetItem* fila =
+            lista_->agregar(LineasAsiento::clave(l.numero),
+                            {LineasAsiento::textoNumero(l.numero), l.fecha, l.cuenta,
+                             textoPantalla(l.debe), textoPantalla(l.haber), l.concepto, l.tipo});
         fila->setTextAlignment(3, Qt::AlignRight | Qt::AlignVCenter);
         fila->setTextAlignment(4, Qt::AlignRight | Qt::AlignVCenter);
     }
@@ -210,8 +210,8 @@ void frmApunte::BorrarAsiento() {
                Icono::Pregunta) != Respuesta::Si)
         return;
     if (Protegido([&] {
-            Apuntes::Delete(*sesion_conexion, sesion_empresa, sesion_delegacion, documento,
-                            numero, 0, false);
+            Apuntes::Delete(*sesion_conexion, sesion_empresa, sesion_delegacion, documento, numero,
+                            0, false);
         }))
         LimpiarPantalla();
 }

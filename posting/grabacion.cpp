@@ -9,24 +9,23 @@
 namespace {
 
 bool seGraba(const QString& tipo) {
-    static const QStringList tipos{QStringLiteral("P"),    QStringLiteral("IVA"),
-                                   QStringLiteral("RE"),   QStringLiteral("IRPF"),
-                                   QStringLiteral("CP"),   QStringLiteral("GC")};
+    static const QStringList tipos{QStringLiteral("P"),  QStringLiteral("IVA"),
+                                   QStringLiteral("RE"), QStringLiteral("IRPF"),
+                                   QStringLiteral("CP"), QStringLiteral("GC")};
     return tipos.contains(tipo);
 }
 
 }  // namespace
 
-void GrabarAsiento(Conexion& conexion, const CabeceraAsiento& cabecera,
-                   const LineasAsiento& lineas, const QString& usuario,
-                   const std::function<void(Conexion&)>& dependientes) {
+void GrabarAsiento(Conexion& conexion, const CabeceraAsiento& cabecera, const LineasAsiento& lineas,
+                   const QString& usuario, const std::function<void(Conexion&)>& dependientes) {
     Transaccion t(conexion);
     for (const LineaApunte& l : lineas.lineas()) {
         if (!seGraba(l.tipo)) continue;
         Apuntes::Insert(conexion, sesion_empresa, sesion_delegacion, cabecera.documento,
                         cabecera.numero, l.numero, cabecera.diario, cabecera.fecha,
-                        cabecera.fechaDocumento, cabecera.referencia, l.cuenta, l.concepto,
-                        l.debe, l.haber, l.tipo, QString(), usuario);
+                        cabecera.fechaDocumento, cabecera.referencia, l.cuenta, l.concepto, l.debe,
+                        l.haber, l.tipo, QString(), usuario);
     }
     if (dependientes) dependientes(conexion);
     t.commit();

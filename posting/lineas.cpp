@@ -21,9 +21,8 @@ int LineasAsiento::SiguienteLinea() const {
     return numero;
 }
 
-int LineasAsiento::AnadirLinea(int numero, const QString& fecha, const QString& cuenta,
-                               double debe, double haber, const QString& concepto,
-                               const QString& tipo) {
+int LineasAsiento::AnadirLinea(int numero, const QString& fecha, const QString& cuenta, double debe,
+                               double haber, const QString& concepto, const QString& tipo) {
     const int n = numero == 0 ? SiguienteLinea() : numero <= cuantas() ? numero : cuantas() + 1;
     if (posicion(n) >= 0)
         throw Error(errores::kClaveRepetida,
@@ -40,8 +39,7 @@ void LineasAsiento::BorrarLineasTipo(const QString& tipo) {
 LineaApunte LineasAsiento::quitar(int numero) {
     const int i = posicion(numero);
     if (i < 0)
-        throw Error(errores::kElementoNoEncontrado,
-                    QStringLiteral("Elemento no encontrado"));
+        throw Error(errores::kElementoNoEncontrado, QStringLiteral("Elemento no encontrado"));
     return lineas_.takeAt(i);
 }
 

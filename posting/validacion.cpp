@@ -22,14 +22,14 @@ QString buscar(const QString& tabla, const QString& campo, const QString& condic
 // the document's prefix followed by as many characters as the series is long.
 int validarNumero(QString& texto, const QString& documento, const DocumentoApunte& doc) {
     if (texto == QStringLiteral("0")) {
-        texto = doc.identificador + SiguienteNumero(sesion_empresa, sesion_ejercicio, doc.numeracion);
+        texto =
+            doc.identificador + SiguienteNumero(sesion_empresa, sesion_ejercicio, doc.numeracion);
         return 0;
     }
     const QString identificador =
-        Auxiliar::vBuscarCampo(QStringLiteral("Documentos"), QStringLiteral("identificador"),
-                               empresa() + QStringLiteral(" AND codigo_documento = ") +
-                                   sqlTexto(documento),
-                               QString())
+        Auxiliar::vBuscarCampo(
+            QStringLiteral("Documentos"), QStringLiteral("identificador"),
+            empresa() + QStringLiteral(" AND codigo_documento = ") + sqlTexto(documento), QString())
             .toString();
     if (texto.left(identificador.size()) != identificador) return 1026;
     const int longitud =

@@ -162,14 +162,17 @@ private Q_SLOTS:
         const QString a = kAnio, siguiente = QString::number(kAnio.toInt() + 1);
         const QStringList cuadra{"70.1;;1000", "477.1;;210,5"};
         QTest::newRow("date after the fiscal year")
-            << "01/01/" + siguiente << "" << "1210,5" << cuadra << "Fecha fuera de ejercicio.";
+            << "01/01/" + siguiente << ""
+            << "1210,5" << cuadra << "Fecha fuera de ejercicio.";
         QTest::newRow("date outside the posting window")
-            << "15/03/" + a << a + "0401-" + a + "0630" << "1210,5" << cuadra
-            << "Periodo bloqueado.";
-        QTest::newRow("unbalanced") << "15/03/" + a << "" << "1210,5" << QStringList{"70.1;;1000"}
-                                    << "Es asiento no está cuadrado.";
+            << "15/03/" + a << a + "0401-" + a + "0630"
+            << "1210,5" << cuadra << "Periodo bloqueado.";
+        QTest::newRow("unbalanced")
+            << "15/03/" + a << ""
+            << "1210,5" << QStringList{"70.1;;1000"} << "Es asiento no está cuadrado.";
         QTest::newRow("residue 5.6843418860808E-14")
-            << "15/03/" + a << "" << "200,3" << QStringList{"572.1;99,9;", "70.1;;300,2"}
+            << "15/03/" + a << ""
+            << "200,3" << QStringList{"572.1;99,9;", "70.1;;300,2"}
             << "Es asiento no está cuadrado.";
     }
     void rechazos() {
@@ -251,10 +254,12 @@ private Q_SLOTS:
         QTest::addColumn<int>("indice");
         QTest::addColumn<QString>("texto");
         QTest::addColumn<QString>("mensaje");
-        QTest::newRow("account without postings") << 5 << "430" << "Cuenta contable inexistente.";
-        QTest::newRow("number of another form")
-            << 2 << "FV27" << "El formato de la numeración no es correcto.";
-        QTest::newRow("amount") << 6 << "12a" << "El formato no es valido.";
+        QTest::newRow("account without postings") << 5 << "430"
+                                                  << "Cuenta contable inexistente.";
+        QTest::newRow("number of another form") << 2 << "FV27"
+                                                << "El formato de la numeración no es correcto.";
+        QTest::newRow("amount") << 6 << "12a"
+                                << "El formato no es valido.";
     }
     void camposRechazados() {
         QFETCH(int, indice);
@@ -288,10 +293,9 @@ private Q_SLOTS:
         contrapartida(f, f->txt(54)->text(), "", "150");
         contrapartida(f, "572.1", "10", "20");
         contrapartida(f, "572.1", "0", "0");
-        QCOMPARE(lineasEnPantalla(f), (QStringList{"0000001 43000001 300 0 P",
-                                                   "0000002 70000001 0 150 CP",
-                                                   "0000003 47700001 0 200 CP",
-                                                   "0000004 57200001 10 0 CP"}));
+        QCOMPARE(lineasEnPantalla(f),
+                 (QStringList{"0000001 43000001 300 0 P", "0000002 70000001 0 150 CP",
+                              "0000003 47700001 0 200 CP", "0000004 57200001 10 0 CP"}));
         QCOMPARE(f->txt(54)->text() + f->txt(55)->text() + f->txt(56)->text(), QString());
         QCOMPARE(buzon.textos, QStringList());
     }
@@ -306,9 +310,9 @@ private Q_SLOTS:
         QCOMPARE(f->ListViewApunte()->filas(), 1);  // balance 0: nothing proposed yet
         contrapartida(f, "572.1", "150,25", "", "Cobro");
         // The focus back on the account field proposes the lacking credit.
-        QCOMPARE(lineasEnPantalla(f), (QStringList{"0000001 43000001 0 0 P",
-                                                   "0000002 57200001 150,25 0 CP",
-                                                   "0000003 70000001 0 150,25 CP"}));
+        QCOMPARE(lineasEnPantalla(f),
+                 (QStringList{"0000001 43000001 0 0 P", "0000002 57200001 150,25 0 CP",
+                              "0000003 70000001 0 150,25 CP"}));
         QCOMPARE(f->ListViewApunte()->topLevelItem(2)->text(5), QStringLiteral("Factura 27"));
         QCOMPARE(f->txt(60)->text(), QStringLiteral("0"));
         contrapartida(f, "572.1", "5", "");
@@ -327,16 +331,16 @@ private Q_SLOTS:
             return l;
         }();
         for (const QString numero : {"FV00027", "FV00028"})
-            GrabarAsiento(*sesion_conexion, {"GEN", "FV", numero, "15/03/" + kAnio, "14/03/" + kAnio, "R"},
-                          lineas, "ANA", [&](Conexion& c) {
-                              RegistroIva::Insert(c, "EMP", "EMP", "FV", numero, 3, "R", "C", "C1",
-                                                  "G", 1000, 21, 210, 0, 0, "ANA");
-                              RegistroIrpf::Insert(c, "EMP", "EMP", "FV", numero, 3, "C", "C1",
-                                                   "P", 1000, 15, 150, "ANA");
-                              cartera::Insert(c, "EMP", "EMP", "FV", numero, 1, "15/04/" + kAnio,
-                                              "C", "C1", "Vto.", "C", "P", 1210.5, QVariant(),
-                                              "", "", "ANA");
-                          });
+            GrabarAsiento(
+                *sesion_conexion, {"GEN", "FV", numero, "15/03/" + kAnio, "14/03/" + kAnio, "R"},
+                lineas, "ANA", [&](Conexion& c) {
+                    RegistroIva::Insert(c, "EMP", "EMP", "FV", numero, 3, "R", "C", "C1", "G", 1000,
+                                        21, 210, 0, 0, "ANA");
+                    RegistroIrpf::Insert(c, "EMP", "EMP", "FV", numero, 3, "C", "C1", "P", 1000, 15,
+                                         150, "ANA");
+                    cartera::Insert(c, "EMP", "EMP", "FV", numero, 1, "15/04/" + kAnio, "C", "C1",
+                                    "Vto.", "C", "P", 1210.5, QVariant(), "", "", "ANA");
+                });
         Buzon buzon;
         frmApunte* f = abrirApunte();
         teclear(f->txt(1), "fv");
@@ -362,8 +366,9 @@ private Q_SLOTS:
 
         buzon.respuestas = {Respuesta::No};
         pulsar(kBorrar);
-        QCOMPARE(buzon.ultimo(), QStringLiteral("¿Desea eliminar el asiento FV/FV00027? (Los datos "
-                                                "relacionados con el asiento también se eliminarán)"));
+        QCOMPARE(buzon.ultimo(),
+                 QStringLiteral("¿Desea eliminar el asiento FV/FV00027? (Los datos "
+                                "relacionados con el asiento también se eliminarán)"));
         QCOMPARE(filas("Apuntes"), 6);
         buzon.respuestas = {Respuesta::Si};
         pulsar(kBorrar);

@@ -108,24 +108,38 @@ private Q_SLOTS:
         QTest::addColumn<QString>("queda");
         QTest::addColumn<int>("mensaje");
         QTest::addColumn<QString>("descripcion");
-        QTest::newRow("journal in lower case") << 0 << "gen" << "GEN" << 0 << "Diario general";
-        QTest::newRow("unknown journal") << 0 << "xx" << "XX" << 1002 << "";
-        QTest::newRow("document in lower case") << 1 << "fv" << "FV" << 0 << "";
-        QTest::newRow("unknown document") << 1 << "ZZ" << "ZZ" << 1003 << "";
-        QTest::newRow("number of the document's form") << 2 << "fv00031" << "FV00031" << 0 << "";
-        QTest::newRow("number too short") << 2 << "FV27" << "FV27" << 1026 << "";
-        QTest::newRow("number of another prefix") << 2 << "AB00027" << "AB00027" << 1026 << "";
+        QTest::newRow("journal in lower case") << 0 << "gen"
+                                               << "GEN" << 0 << "Diario general";
+        QTest::newRow("unknown journal") << 0 << "xx"
+                                         << "XX" << 1002 << "";
+        QTest::newRow("document in lower case") << 1 << "fv"
+                                                << "FV" << 0 << "";
+        QTest::newRow("unknown document") << 1 << "ZZ"
+                                          << "ZZ" << 1003 << "";
+        QTest::newRow("number of the document's form") << 2 << "fv00031"
+                                                       << "FV00031" << 0 << "";
+        QTest::newRow("number too short") << 2 << "FV27"
+                                          << "FV27" << 1026 << "";
+        QTest::newRow("number of another prefix") << 2 << "AB00027"
+                                                  << "AB00027" << 1026 << "";
         QTest::newRow("date") << 3 << "5/3/" + kAnio << "5/3/" + kAnio << 0 << "";
         QTest::newRow("no such day") << 4 << "30/02/" + kAnio << "30/02/" + kAnio << 1004 << "";
-        QTest::newRow("account with a dot")
-            << 5 << "43.1" << "43000001" << 0 << "Subcuenta 43000001";
-        QTest::newRow("account without postings") << 5 << "430" << "430" << 1001 << "";
-        QTest::newRow("unknown account") << 5 << "439.9" << "43900009" << 1001 << "";
-        QTest::newRow("negative amount") << 6 << "-12,5" << "-12,5" << 0 << "";
-        QTest::newRow("amount with letters") << 6 << "12a" << "12a" << 1004 << "";
-        QTest::newRow("counterpart account with a dot") << 54 << "70.1" << "70000001" << 0 << "";
-        QTest::newRow("counterpart account unknown") << 54 << "1" << "1" << 1001 << "";
-        QTest::newRow("counterpart credit not a number") << 56 << "1.2.3" << "1.2.3" << 1004 << "";
+        QTest::newRow("account with a dot") << 5 << "43.1"
+                                            << "43000001" << 0 << "Subcuenta 43000001";
+        QTest::newRow("account without postings") << 5 << "430"
+                                                  << "430" << 1001 << "";
+        QTest::newRow("unknown account") << 5 << "439.9"
+                                         << "43900009" << 1001 << "";
+        QTest::newRow("negative amount") << 6 << "-12,5"
+                                         << "-12,5" << 0 << "";
+        QTest::newRow("amount with letters") << 6 << "12a"
+                                             << "12a" << 1004 << "";
+        QTest::newRow("counterpart account with a dot") << 54 << "70.1"
+                                                        << "70000001" << 0 << "";
+        QTest::newRow("counterpart account unknown") << 54 << "1"
+                                                     << "1" << 1001 << "";
+        QTest::newRow("counterpart credit not a number") << 56 << "1.2.3"
+                                                         << "1.2.3" << 1004 << "";
     }
     void validarCampo() {
         QFETCH(int, indice);
@@ -135,8 +149,9 @@ private Q_SLOTS:
         QFETCH(QString, descripcion);
         const DocumentoApunte fv = *CargarDocumento("FV");
         QString descrita;
-        const int codigo = indice < 54 ? validacion::ValidarCabecera(indice, texto, "FV", fv, &descrita)
-                                       : validacion::ValidarContrapartida(indice, texto);
+        const int codigo = indice < 54
+                               ? validacion::ValidarCabecera(indice, texto, "FV", fv, &descrita)
+                               : validacion::ValidarContrapartida(indice, texto);
         QCOMPARE(codigo, mensaje);
         QCOMPARE(texto, queda);
         QCOMPARE(descrita, descripcion);
@@ -191,8 +206,8 @@ private Q_SLOTS:
         for (const auto& [n, tipo] :
              QList<std::pair<int, QString>>{{1, "P"}, {2, "GC"}, {4, "CP"}, {5, "RC"}, {6, "RE"}})
             Apuntes::Insert(*sesion_conexion, "EMP", "EMP", "FV", "FV00040", n, "GEN",
-                            "01/02/" + kAnio, "01/02/" + kAnio, "", "43000001", "", n, 0, tipo,
-                            "", "ANA");
+                            "01/02/" + kAnio, "01/02/" + kAnio, "", "43000001", "", n, 0, tipo, "",
+                            "ANA");
         const AsientoLeido a = LeerAsiento(*sesion_conexion, "FV", "FV00040");
         QStringList vistas;
         for (const LineaApunte& l : a.lineas.lineas())
@@ -212,11 +227,10 @@ private Q_SLOTS:
             std::unique_ptr<FalloProvocado> fallo;
             if (!enLosDependientes) fallo = std::make_unique<FalloProvocado>(3);
             const auto dependientes = [&](Conexion& c) {
-                if (enLosDependientes)
-                    c.execute("INSERT INTO TablaQueNoExiste (a) VALUES (1)");
+                if (enLosDependientes) c.execute("INSERT INTO TablaQueNoExiste (a) VALUES (1)");
             };
-            QVERIFY_THROWS_EXCEPTION(Error, GrabarAsiento(*sesion_conexion, cabecera(), factura(),
-                                                          "ANA", dependientes));
+            QVERIFY_THROWS_EXCEPTION(
+                Error, GrabarAsiento(*sesion_conexion, cabecera(), factura(), "ANA", dependientes));
             QVERIFY(!sesion_conexion->enTransaccion());
             QCOMPARE(lineasGuardadas(), QStringList());
         }
@@ -236,15 +250,16 @@ private Q_SLOTS:
         QList<QProcess*> puestos;
         for (int i = 0; i < 2; ++i) {
             auto* p = new QProcess(this);
-            p->start(GRABADOR, {"grabar", almacen->carpeta(), QString::number(cada),
-                                QString::number(i + 1)});
+            p->start(GRABADOR,
+                     {"grabar", almacen->carpeta(), QString::number(cada), QString::number(i + 1)});
             puestos << p;
         }
         QStringList numeros;
         for (QProcess* p : puestos) {
             QVERIFY(p->waitForFinished(120000));
             QVERIFY2(p->exitCode() == 0, p->readAllStandardError().constData());
-            numeros << QString::fromUtf8(p->readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+            numeros
+                << QString::fromUtf8(p->readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
             delete p;
         }
         numeros.sort();

@@ -36,14 +36,18 @@ FalloProvocado::FalloProvocado(int numero) {
     if (AlmacenPrueba::postgres()) {
         sesion_conexion->execute(
             "CREATE FUNCTION fallo_provocado() RETURNS trigger AS $$ BEGIN IF NEW.numero_apunte "
-            "= " + n + " THEN RAISE EXCEPTION 'fallo provocado'; END IF; RETURN NEW; END $$ "
-                       "LANGUAGE plpgsql");
-        sesion_conexion->execute("CREATE TRIGGER fallo_provocado BEFORE INSERT ON Apuntes FOR "
-                                 "EACH ROW EXECUTE FUNCTION fallo_provocado()");
+            "= " +
+            n +
+            " THEN RAISE EXCEPTION 'fallo provocado'; END IF; RETURN NEW; END $$ "
+            "LANGUAGE plpgsql");
+        sesion_conexion->execute(
+            "CREATE TRIGGER fallo_provocado BEFORE INSERT ON Apuntes FOR "
+            "EACH ROW EXECUTE FUNCTION fallo_provocado()");
     } else {
-        sesion_conexion->execute("CREATE TRIGGER fallo_provocado BEFORE INSERT ON Apuntes WHEN "
-                                 "NEW.numero_apunte = " + n +
-                                 " BEGIN SELECT RAISE(ABORT, 'fallo provocado'); END");
+        sesion_conexion->execute(
+            "CREATE TRIGGER fallo_provocado BEFORE INSERT ON Apuntes WHEN "
+            "NEW.numero_apunte = " +
+            n + " BEGIN SELECT RAISE(ABORT, 'fallo provocado'); END");
     }
 }
 
