@@ -64,20 +64,6 @@ void contrapartida(frmApunte* f, const QString& cuenta, const QString& debe, con
     QTest::keyClick(f->btnContrapartida(), Qt::Key_Return);
 }
 
-// The lines of the store as "number|account|debit|credit|type".
-QStringList lineasGuardadas() {
-    QStringList t;
-    Recordset rs = Apuntes::GetList(*sesion_conexion, {}, "numero_documento, numero_apunte");
-    for (; !rs.eof(); rs.moveNext())
-        t << QStringLiteral("%1|%2|%3|%4|%5")
-                 .arg(rs["numero_apunte"].toInt())
-                 .arg(rs["cuenta"].toString())
-                 .arg(rs["debe"].toDouble())
-                 .arg(rs["haber"].toDouble())
-                 .arg(rs["tipo"].toString());
-    return t;
-}
-
 // The list on the screen as "number account debit credit type" rows.
 QStringList lineasEnPantalla(const frmApunte* f) {
     QStringList t;

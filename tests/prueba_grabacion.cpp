@@ -32,20 +32,6 @@ CabeceraAsiento cabecera(const QString& numero = "FV00027") {
     return {"GEN", "FV", numero, "15/03/" + kAnio, "14/03/" + kAnio, "REF-1"};
 }
 
-// The lines of the store as "number|account|debit|credit|type".
-QStringList lineasGuardadas() {
-    QStringList t;
-    Recordset rs = Apuntes::GetList(*sesion_conexion, {}, "numero_documento, numero_apunte");
-    for (; !rs.eof(); rs.moveNext())
-        t << QStringLiteral("%1|%2|%3|%4|%5")
-                 .arg(rs["numero_apunte"].toInt())
-                 .arg(rs["cuenta"].toString())
-                 .arg(rs["debe"].toDouble())
-                 .arg(rs["haber"].toDouble())
-                 .arg(rs["tipo"].toString());
-    return t;
-}
-
 }  // namespace
 
 class PruebaGrabacion : public QObject {

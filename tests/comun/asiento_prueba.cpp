@@ -1,6 +1,7 @@
 #include "asiento_prueba.h"
 
 #include "almacen_prueba.h"
+#include "data/entidades/apuntes.h"
 #include "data/entidades/cuentas.h"
 #include "data/entidades/diarios.h"
 #include "data/entidades/documentos.h"
@@ -55,4 +56,17 @@ FalloProvocado::~FalloProvocado() {
     sesion_conexion->execute("DROP TRIGGER fallo_provocado" +
                              QString(AlmacenPrueba::postgres() ? " ON Apuntes" : ""));
     if (AlmacenPrueba::postgres()) sesion_conexion->execute("DROP FUNCTION fallo_provocado()");
+}
+
+QStringList lineasGuardadas() {
+    QStringList t;
+    Recordset rs = Apuntes::GetList(*sesion_conexion, {}, "numero_documento, numero_apunte");
+    for (; !rs.eof(); rs.moveNext())
+        t << QStringLiteral("%1|%2|%3|%4|%5")
+                 .arg(rs["numero_apunte"].toInt())
+                 .arg(rs["cuenta"].toString())
+                 .arg(rs["debe"].toDouble())
+                 .arg(rs["haber"].toDouble())
+                 .arg(rs["tipo"].toString());
+    return t;
 }

@@ -1,12 +1,15 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 // On top of crearEmpresaPrueba: the journal GEN, the series FAC of the year (length 5, next
 // number 27), the documents FV (main line on the debit side, no VAT, no portfolio, numbered
 // "FV" + FAC) and FR (with VAT and portfolio), the posting accounts 43000001, 57200001,
 // 70000001 and 47700001, and the session of ANA in EMP for the current year.
 void prepararAsientos();
+
+// The journal lines of the store, by entry and line, as "number|account|debit|credit|type".
+QStringList lineasGuardadas();
 
 // The store refuses every line numbered `numero` while it lives: a failure in the middle of
 // the saving of an entry.
