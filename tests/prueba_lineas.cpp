@@ -100,11 +100,6 @@ private Q_SLOTS:
         for (double h : haber) l.AnadirLinea(0, {}, {}, 0, h, {}, "CP");
         QCOMPARE(textoPantalla(l.saldo()), saldo);
     }
-
-    void claves() {
-        QCOMPARE(LineasAsiento::clave(7), QStringLiteral("K0000007"));
-        QCOMPARE(LineasAsiento::textoNumero(12), QStringLiteral("0000012"));
-    }
 };
 
 QTEST_MAIN(PruebaLineas)
