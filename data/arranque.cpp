@@ -1,11 +1,18 @@
 #include "arranque.h"
 
+#include <cstdlib>
+
 #include "auxiliar.h"
 #include "entidades/entidad.h"
 #include "global.h"
 
 void abrirAlmacenes() {
     sesion_conexion = std::make_unique<Conexion>(QStringLiteral("File name=Saldeva.udl"));
+    // A process ended by exit() from inside the toolkit (the display gone) runs the static
+    // destructors: the session's connections must close while the SQL layer still lives, and
+    // a handler registered after its first use runs before it is torn down.
+    static const bool alSalir = std::atexit([] { cerrarAlmacenes(); }) == 0;
+    Q_UNUSED(alSalir);
     sesion_conexion->asegurarEsquema(esquema::Almacen::Principal);
     sesion_temporal = std::make_unique<Conexion>(QStringLiteral("File name=Temporal.udl"));
     sesion_temporal->asegurarEsquema(esquema::Almacen::Temporal);
