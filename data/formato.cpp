@@ -92,7 +92,7 @@ QString textoDouble(double valor) {
 
 std::optional<double> leerNumero(const QString& texto) {
     static const QRegularExpression patron(
-        QStringLiteral(R"(^\s*[+-]?(\d+([.,]\d*)?|[.,]\d+)\s*$)"));
+        QStringLiteral(R"(^\s*[+-]?(\d+([.,]\d*)?|[.,]\d+)([Ee][+-]?\d+)?\s*$)"));
     if (!patron.match(texto).hasMatch()) return std::nullopt;
     QString limpio = texto.trimmed();
     limpio.replace(u',', u'.');

@@ -20,8 +20,9 @@ QString Format(double valor, const QString& patron);
 // ("5.6843418860808E-14"). A point is the decimal mark: it is also the form for SQL.
 QString textoDouble(double valor);
 
-// A typed number: blanks around it, an optional sign, digits with one comma or point.
-// Anything else is not a number.
+// A typed number: blanks around it, an optional sign, digits with one comma or point, and
+// an optional exponent, so that an amount shown as a residue ("5,6843418860808E-14") reads
+// back. Anything else is not a number.
 std::optional<double> leerNumero(const QString& texto);
 bool IsNumeric(const QString& texto);
 

@@ -291,6 +291,7 @@ void frmApunte::bajarHasta(int p) {
 }
 
 void frmApunte::avanzar(int paso) {
+    if (pestana() == 1 && !mostrando_ && !revisarCabecera()) return;
     for (int p = pestana() + paso; p >= 1 && p <= 4; p += paso)
         if (Paginas[p]) return seleccionar(p);
 }
@@ -301,19 +302,20 @@ void frmApunte::alCambiarPestana(int indice) {
         return;
     }
     const int elegida = indice + 1;
+    const auto rechazar = [this] {
+        SaltarClick = true;
+        seleccionar(TabAnterior);
+    };
+    // The field being typed in was never left: it is checked, and a document typed there read,
+    // before the tabs that take part are known.
+    if (TabAnterior == 1 && !mostrando_ && !revisarCabecera()) return rechazar();
     int siguiente = -1, anterior = -1;
     for (int i = TabAnterior + 1; i <= 4 && siguiente < 0; ++i)
         if (Paginas[i]) siguiente = i;
     for (int i = TabAnterior - 1; i >= 1 && anterior < 0; --i)
         if (Paginas[i]) anterior = i;
-    const auto rechazar = [this] {
-        SaltarClick = true;
-        seleccionar(TabAnterior);
-    };
     // Only the nearest tab that takes part, on either side; a jump over one bounces.
     if ((elegida != siguiente && elegida != anterior) || !Paginas[elegida]) return rechazar();
-    // The field being typed in was never left: it is checked before the tab is.
-    if (TabAnterior == 1 && !mostrando_ && !revisarCabecera()) return rechazar();
 
     const QString mensaje = ValidarObligatorios(TabAnterior - 1);
     if (mensaje.isEmpty()) {
@@ -358,9 +360,14 @@ QString frmApunte::ValidarObligatorios(int pagina) {
     return {};
 }
 
+int frmApunte::campoEnFoco() const {
+    QWidget* foco = focusWidget();
+    return foco ? int(txt_.indexOf(foco)) : -1;
+}
+
 // Every field of the header again, the first that fails with its message and the focus.
 bool frmApunte::revisarCabecera() {
-    const int enFoco = int(txt_.indexOf(focusWidget()));
+    const int enFoco = campoEnFoco();
     for (int i = 0; i <= 8; ++i)
         if (!comprobar(i)) {
             txt_[i]->setFocus();

@@ -73,6 +73,7 @@ private:
     void MostrarPagina(int frame);
     QString ValidarObligatorios(int pagina);
     bool revisarCabecera();
+    int campoEnFoco() const;  // the index of the field with the focus, or -1
 
     // Fields.
     void alFoco(int i);

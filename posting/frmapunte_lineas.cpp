@@ -42,7 +42,7 @@ bool frmApunte::comprobar(int i) {
         MsgBox(MensajeError(codigo), Icono::Critico);
         return false;
     }
-    if (!descripcion.isEmpty()) (i == 0 ? des0_ : des5_)->setText(descripcion);
+    if ((i == 0 || i == 5) && !texto.isEmpty()) (i == 0 ? des0_ : des5_)->setText(descripcion);
     return true;
 }
 
@@ -197,8 +197,10 @@ void frmApunte::GrabarAsiento() {
 }
 
 void frmApunte::BorrarAsiento() {
-    const int enFoco = int(txt_.indexOf(focusWidget()));
-    if (enFoco >= 0 && !mostrando_) {
+    // A number typed and not yet left is read as leaving it would (capitals, the entry shown);
+    // a "0" is not turned into a number of the series only to be asked about.
+    const int enFoco = campoEnFoco();
+    if (enFoco >= 0 && enFoco <= 8 && !mostrando_ && txt_[enFoco]->text() != u"0") {
         if (!comprobar(enFoco)) return;
         alSalir(enFoco);
     }

@@ -84,6 +84,8 @@ private Q_SLOTS:
         QTest::newRow("letters") << "12a" << false << 0.0;
         QTest::newRow("empty") << "" << false << 0.0;
         QTest::newRow("two marks") << "1,2,3" << false << 0.0;
+        QTest::newRow("a residue as shown") << "5,6843418860808E-14" << true << 5.6843418860808e-14;
+        QTest::newRow("exponent without digits") << "5E" << false << 0.0;
     }
     void leerNumero() {
         QFETCH(QString, texto);

@@ -18,7 +18,7 @@ void prepararAsientos() {
     Diarios::Insert(c, "EMP", "GEN", "Diario general", "PRUEBA");
     numeracion::Insert(c, "EMP", anio, "FAC", 5, 27, "Facturas", "PRUEBA");
     Documentos::Insert(c, "EMP", "FV", "Factura de venta", "D", "N", "N", "FAC", "FV", "PRUEBA");
-    Documentos::Insert(c, "EMP", "FR", "Factura recibida", "H", "S", "A", "FAC", "FR", "PRUEBA");
+    Documentos::Insert(c, "EMP", "FR", "Factura recibida", "H", "S", "A", "FAC", "FV", "PRUEBA");
     for (const char* cuenta : {"43000001", "57200001", "70000001", "47700001"})
         cuentas::Insert(c, "EMP", cuenta, QStringLiteral("Subcuenta %1").arg(cuenta), "S", 8,
                         "PRUEBA");

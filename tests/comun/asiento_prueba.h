@@ -4,7 +4,8 @@
 
 // On top of crearEmpresaPrueba: the journal GEN, the series FAC of the year (length 5, next
 // number 27), the documents FV (main line on the debit side, no VAT, no portfolio, numbered
-// "FV" + FAC) and FR (with VAT and portfolio), the posting accounts 43000001, 57200001,
+// "FV" + FAC) and FR (with VAT and portfolio, numbered
+// the same way), the posting accounts 43000001, 57200001,
 // 70000001 and 47700001, and the session of ANA in EMP for the current year.
 void prepararAsientos();
 
