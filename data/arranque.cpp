@@ -9,9 +9,13 @@
 void abrirAlmacenes() {
     sesion_conexion = std::make_unique<Conexion>(QStringLiteral("File name=Saldeva.udl"));
     // A process ended by exit() from inside the toolkit (the display gone) runs the static
-    // destructors: the session's connections must close while the SQL layer still lives, and
-    // a handler registered after its first use runs before it is torn down.
-    static const bool alSalir = std::atexit([] { cerrarAlmacenes(); }) == 0;
+    // destructors while windows and queries still use the connections, and after the SQL layer
+    // is torn down: the connections are then left to the system, which ends them; the store
+    // rolls back whatever was not committed. A normal end closes them before this runs.
+    static const bool alSalir = std::atexit([] {
+                                    (void)sesion_conexion.release();
+                                    (void)sesion_temporal.release();
+                                }) == 0;
     Q_UNUSED(alSalir);
     sesion_conexion->asegurarEsquema(esquema::Almacen::Principal);
     sesion_temporal = std::make_unique<Conexion>(QStringLiteral("File name=Temporal.udl"));
