@@ -24,6 +24,13 @@ namespace {
 constexpr int kCampos = 62;
 const QString kContrapartida = QStringLiteral("Contrapartida");
 
+// The caption of a field, its accelerator leading to it and naming it.
+QLabel* rotulo(QWidget* padre, const QString& texto, QWidget* campo) {
+    auto* etiqueta = new QLabel(texto, padre);
+    rotular(etiqueta, campo);
+    return etiqueta;
+}
+
 QString hoy() {
     return QDate::currentDate().toString(QStringLiteral("dd/MM/yyyy"));
 }
@@ -53,10 +60,11 @@ QString frmApunte::faltaSesion() const {
     return {};
 }
 
-QLineEdit* frmApunte::campo(QWidget* padre, int i, const QString& tag) {
+QLineEdit* frmApunte::campo(QWidget* padre, int i, const QString& tag, int ancho) {
     auto* t = new QLineEdit(padre);
     t->setObjectName(QStringLiteral("txt(%1)").arg(i));
     t->setProperty("Tag", tag);
+    if (ancho > 0) t->setMaximumWidth(t->fontMetrics().averageCharWidth() * (ancho + 2) + 12);
     eventos_->vigilar(t, i);
     txt_[i] = t;
     return t;
@@ -154,11 +162,8 @@ QWidget* frmApunte::construirMarcoApunte() {
     auto* marco = new QWidget;
     auto* rejilla = new QGridLayout(marco);
     const auto fila = [&](int r, const QString& etiqueta, int i, const QString& tag, int ancho) {
-        auto* l = new QLabel(etiqueta, marco);
-        QLineEdit* t = campo(marco, i, tag);
-        if (ancho) t->setMaximumWidth(t->fontMetrics().averageCharWidth() * (ancho + 2) + 12);
-        rotular(l, t);
-        rejilla->addWidget(l, r, 0);
+        QLineEdit* t = campo(marco, i, tag, ancho);
+        rejilla->addWidget(rotulo(marco, etiqueta, t), r, 0);
         rejilla->addWidget(t, r, 1);
         return t;
     };
@@ -167,16 +172,13 @@ QWidget* frmApunte::construirMarcoApunte() {
     des0_->setObjectName(QStringLiteral("des(0)"));
     rejilla->addWidget(des0_, 0, 2, 1, 3);
     fila(1, QStringLiteral("D&ocumento:"), 1, QStringLiteral("DOCUMENTOS.codigo_documento"), 6);
-    QLineEdit* numero = campo(marco, 2);
+    QLineEdit* numero = campo(marco, 2, {}, 14);
     numero->setAccessibleName(QStringLiteral("Número"));
-    numero->setMaximumWidth(numero->fontMetrics().averageCharWidth() * 16 + 12);
     rejilla->addWidget(numero, 1, 2);
     fila(2, QStringLiteral("&Fecha contable:"), 3, {}, 10);
-    auto* etiqueta4 = new QLabel(QStringLiteral("Fec&ha documento:"), marco);
-    QLineEdit* fecha4 = campo(marco, 4);
-    fecha4->setMaximumWidth(fecha4->fontMetrics().averageCharWidth() * 12 + 12);
-    rotular(etiqueta4, fecha4);
-    rejilla->addWidget(etiqueta4, 2, 2, Qt::AlignRight);
+    QLineEdit* fecha4 = campo(marco, 4, {}, 10);
+    rejilla->addWidget(rotulo(marco, QStringLiteral("Fec&ha documento:"), fecha4), 2, 2,
+                       Qt::AlignRight);
     rejilla->addWidget(fecha4, 2, 3);
     fila(3, QStringLiteral("&Cuenta:"), 5, QStringLiteral("CUENTAS.cuenta"), 14);
     des5_ = new QLabel(marco);
@@ -198,11 +200,8 @@ QWidget* frmApunte::construirMarcoContrapartida() {
     caja->setContentsMargins(0, 0, 0, 0);
     const auto par = [&](QWidget* padre, QHBoxLayout* donde, const QString& etiqueta, int i,
                          const QString& tag, int ancho) {
-        auto* l = new QLabel(etiqueta, padre);
-        QLineEdit* t = campo(padre, i, tag);
-        if (ancho) t->setMaximumWidth(t->fontMetrics().averageCharWidth() * (ancho + 2) + 12);
-        rotular(l, t);
-        donde->addWidget(l);
+        QLineEdit* t = campo(padre, i, tag, ancho);
+        donde->addWidget(rotulo(padre, etiqueta, t));
         donde->addWidget(t, ancho ? 0 : 1);
         return t;
     };
@@ -317,16 +316,13 @@ void frmApunte::alCambiarPestana(int indice) {
     // Only the nearest tab that takes part, on either side; a jump over one bounces.
     if ((elegida != siguiente && elegida != anterior) || !Paginas[elegida]) return rechazar();
 
-    const QString mensaje = ValidarObligatorios(TabAnterior - 1);
-    if (mensaje.isEmpty()) {
-        // The VAT and portfolio tabs, once on this screen, generate their lines here too.
-        if (TabAnterior == 1) GenerarPartida();
-    }
-    if (!mensaje.isEmpty()) {
+    if (const QString mensaje = ValidarObligatorios(TabAnterior - 1); !mensaje.isEmpty()) {
         rechazar();
         MsgBox(mensaje, Icono::Critico);
         return;
     }
+    // The VAT and portfolio tabs, once on this screen, generate their lines here too.
+    if (TabAnterior == 1) GenerarPartida();
     int frame = elegida - 1;
     if (frame == 2 && (documento_.cartera == u"C" || documento_.cartera == u"P")) frame = 4;
     TabAnterior = elegida;

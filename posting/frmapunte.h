@@ -63,7 +63,8 @@ private:
     void construir();
     QWidget* construirMarcoApunte();
     QWidget* construirMarcoContrapartida();
-    QLineEdit* campo(QWidget* padre, int i, const QString& tag = {});
+    // txt(i), with its lookup tag and, when given, a width in characters.
+    QLineEdit* campo(QWidget* padre, int i, const QString& tag = {}, int ancho = 0);
 
     // The tab machine.
     void alCambiarPestana(int indice);

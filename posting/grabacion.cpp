@@ -60,11 +60,8 @@ AsientoLeido LeerAsiento(Conexion& conexion, const QString& documento, const QSt
             a.debe = debe;
             a.haber = haber;
             a.concepto = concepto;
-        } else if (tipo == QStringLiteral("IVA")) {
-            a.lineasIva << rs.value(QStringLiteral("numero_apunte")).toInt();
-        } else if (tipo == QStringLiteral("IRPF")) {
-            a.lineasIrpf << rs.value(QStringLiteral("numero_apunte")).toInt();
-        } else if (tipo != QStringLiteral("RE") && tipo != QStringLiteral("CP")) {
+        } else if (tipo != QStringLiteral("IVA") && tipo != QStringLiteral("IRPF") &&
+                   tipo != QStringLiteral("RE") && tipo != QStringLiteral("CP")) {
             continue;  // portfolio and year-end lines stay in the store, out of the list
         }
         // One side shows: the debit when it is not 0, the credit otherwise.

@@ -34,6 +34,5 @@ struct AsientoLeido {
     double debe = 0, haber = 0;
     QString concepto;
     LineasAsiento lineas;
-    QList<int> lineasIva, lineasIrpf;  // numbers in the store of the lines with register rows
 };
 AsientoLeido LeerAsiento(Conexion& conexion, const QString& documento, const QString& numero);

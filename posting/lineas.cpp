@@ -10,11 +10,6 @@ int LineasAsiento::posicion(int numero) const {
     return -1;
 }
 
-const LineaApunte* LineasAsiento::linea(int numero) const {
-    const int i = posicion(numero);
-    return i < 0 ? nullptr : &lineas_[i];
-}
-
 int LineasAsiento::SiguienteLinea() const {
     int numero = 1;
     while (numero <= cuantas() && posicion(numero) >= 0) ++numero;

@@ -33,7 +33,6 @@ public:
 
     const QList<LineaApunte>& lineas() const { return lineas_; }
     int cuantas() const { return int(lineas_.size()); }
-    const LineaApunte* linea(int numero) const;
 
     double debe() const;
     double haber() const;

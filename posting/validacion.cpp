@@ -47,14 +47,15 @@ int validarNumero(QString& texto, const QString& documento, const DocumentoApunt
     return identificador.size() + longitud != texto.size() ? 1026 : 0;
 }
 
-}  // namespace
-
+// An account that admits postings, after the dot is expanded: its description, or "#".
 QString cuentaDePases(QString& cuenta) {
     cuenta = ExpandirCuenta(cuenta, sesion_digitos);
     return buscar(QStringLiteral("Cuentas"), QStringLiteral("descripcion"),
                   empresa() + QStringLiteral(" AND cuenta = ") + sqlTexto(cuenta) +
                       QStringLiteral(" and pases = 'S'"));
 }
+
+}  // namespace
 
 int ValidarCabecera(int indice, QString& texto, const QString& documento,
                     const DocumentoApunte& doc, QString* descripcion) {

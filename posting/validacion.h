@@ -23,7 +23,4 @@ int ValidarContrapartida(int indice, QString& texto);
 // (1028): no tolerance, so a residue of the floating sums refuses the entry.
 int ValidarAsiento(const QString& fecha, double saldo);
 
-// An account that admits postings, after the dot is expanded: its description, or "#".
-QString cuentaDePases(QString& cuenta);
-
 }  // namespace validacion
