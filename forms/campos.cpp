@@ -42,6 +42,8 @@ bool esIntro(QEvent* evento) {
 
 bool EventosCampos::eventFilter(QObject* objeto, QEvent* evento) {
     if (soloIntro_.contains(objeto)) {
+        // Taking the focus away from the fields: the hook hears it as index -1.
+        if (evento->type() == QEvent::FocusIn && !silencio && m_.foco) m_.foco(-1);
         if (!esIntro(evento)) return false;
         QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
         QApplication::sendEvent(objeto, &tab);

@@ -33,7 +33,8 @@ public:
     // A text field or editable box of index `indice`.
     void vigilar(QWidget* control, int indice);
 
-    // A box or button that only moves on with Enter, having no hooks of its own.
+    // A box or button that only moves on with Enter; receiving the focus, it calls the focus
+    // hook with index -1, having no index of its own.
     void avanzarConIntro(QWidget* control);
 
     // While true, nothing is dispatched (fields being filled by the program).

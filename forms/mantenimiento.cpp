@@ -16,6 +16,7 @@
 #include <QCheckBox>
 #include <QFrame>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -23,11 +24,25 @@
 #include <QSet>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <cmath>
 
 namespace mantenimiento {
 
 QString mayusculas(const QString& texto) {
     return texto.toUpper();
+}
+
+double leerDouble(const QString& texto) {
+    const auto numero = formato::leerNumero(texto);
+    if (!numero) throw Error(errores::kTiposNoCoinciden, QStringLiteral("No coinciden los tipos"));
+    return *numero;
+}
+
+int leerEntero16(const QString& texto) {
+    const double redondo = std::nearbyint(leerDouble(texto));  // halves to even
+    if (redondo < -32768 || redondo > 32767)
+        throw Error(errores::kDesbordamiento, QStringLiteral("Desbordamiento"));
+    return int(redondo);
 }
 
 QString numeroSql(const QString& texto) {
@@ -86,6 +101,11 @@ void FormularioMantenimiento::construir() {
     // Long declarations take two columns of label and field.
     const int porColumna =
         d_.campos.size() > 8 ? int(d_.campos.size() + 1) / 2 : int(d_.campos.size());
+    const auto lugar = [&](int i) -> std::pair<int, int> {
+        for (int f = 0; f < d_.filas.size(); ++f)
+            if (const qsizetype k = d_.filas[f].indexOf(i); k >= 0) return {f, 2 * int(k)};
+        return {i % porColumna, 2 * (i / porColumna)};
+    };
     eventos_ = new EventosCampos(this);
     for (int i = 0; i < d_.campos.size(); ++i) {
         const Campo& c = d_.campos[i];
@@ -98,15 +118,35 @@ void FormularioMantenimiento::construir() {
         if (c.ancho > 0)
             campo->setMaximumWidth(campo->fontMetrics().averageCharWidth() * (c.ancho + 2) + 12);
         rotular(etiqueta, campo);
-        const int fila = i % porColumna, par = 2 * (i / porColumna);
+        const auto [fila, par] = lugar(i);
         rejilla->addWidget(etiqueta, fila, par);
-        rejilla->addWidget(campo, fila, par + 1, c.ancho > 0 ? Qt::AlignLeft : Qt::Alignment());
+        if (c.verNombre || !c.unidad.isEmpty()) {
+            auto* linea = new QHBoxLayout;
+            linea->addWidget(campo);
+            if (c.verNombre) {
+                // The name of what the code stands for, read-only, beside the field.
+                auto* nombre = new QLabel(datos);
+                nombre->setObjectName(QStringLiteral("des(%1)").arg(i));
+                nombre->setFrameShape(QFrame::StyledPanel);
+                nombre->setAccessibleName(etiqueta->text().remove(u'&').remove(u':') +
+                                          QStringLiteral(" (nombre)"));
+                linea->addWidget(nombre, 1);
+                des_.insert(i, nombre);
+            }
+            if (!c.unidad.isEmpty()) {
+                linea->addWidget(new QLabel(c.unidad, datos));
+                if (!c.verNombre) linea->addStretch(1);
+            }
+            rejilla->addLayout(linea, fila, par + 1);
+        } else {
+            rejilla->addWidget(campo, fila, par + 1, c.ancho > 0 ? Qt::AlignLeft : Qt::Alignment());
+        }
         eventos_->vigilar(campo, i);
         txt_.append(campo);
         lbl_.append(etiqueta);
     }
     for (int par = 1; par < rejilla->columnCount(); par += 2) rejilla->setColumnStretch(par, 1);
-    construirMarcas(rejilla, porColumna, rejilla->columnCount());
+    construirMarcas(rejilla, rejilla->rowCount(), rejilla->columnCount());
     columna->addWidget(datos);
 
     lista_ = new ListaClaves(this);
@@ -122,11 +162,8 @@ void FormularioMantenimiento::construir() {
     columna->addWidget(lista_, 1);
     guardarColumnasDe(lista_);
     // A double click on a row, or Enter on it, loads its record.
-    connect(lista_, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* fila) {
-        ponerTexto(0, fila->text(0));
-        alSalir(0);
-        txt_[0]->setFocus();
-    });
+    connect(lista_, &QTreeWidget::itemActivated, this,
+            [this](QTreeWidgetItem* fila) { alElegirFila(fila); });
 
     eventos_->manejadores({
         .foco = [this](int i) { alFoco(i); },
@@ -160,12 +197,14 @@ void FormularioMantenimiento::construirMarcas(QGridLayout* rejilla, int fila, in
     if (d_.marcas.isEmpty()) return;
     auto* filaMarcas = new QHBoxLayout;
     QHash<int, QButtonGroup*> grupos;
+    QHash<int, QGroupBox*> marcos;
     const mantenimiento::Marca* anterior = nullptr;
     for (const Marca& m : d_.marcas) {
         // A little room between one group of buttons and what follows it.
         if (anterior && (anterior->clase != m.clase || anterior->grupo != m.grupo))
             filaMarcas->addSpacing(16);
         QAbstractButton* boton = nullptr;
+        QHBoxLayout* donde = filaMarcas;
         if (m.clase == Marca::Casilla) {
             auto* casilla = new QCheckBox(m.etiqueta, rejilla->parentWidget());
             casilla->setObjectName(QStringLiteral("chk(%1)").arg(chk_.size()));
@@ -173,11 +212,31 @@ void FormularioMantenimiento::construirMarcas(QGridLayout* rejilla, int fila, in
             casillas_.append(&m);
             boton = casilla;
         } else {
-            auto* opcion = new QRadioButton(m.etiqueta, rejilla->parentWidget());
+            QWidget* padre = rejilla->parentWidget();
+            if (d_.grupos.contains(m.grupo)) {
+                QGroupBox*& marco = marcos[m.grupo];
+                if (!marco) {
+                    marco = new QGroupBox(d_.grupos.value(m.grupo), padre);
+                    new QHBoxLayout(marco);
+                    filaMarcas->addWidget(marco);
+                }
+                padre = marco;
+                donde = static_cast<QHBoxLayout*>(marco->layout());
+            }
+            auto* opcion = new QRadioButton(m.etiqueta, padre);
             opcion->setObjectName(QStringLiteral("opt(%1)").arg(opt_.size()));
             QButtonGroup*& grupo = grupos[m.grupo];
-            if (!grupo) grupo = new QButtonGroup(this);
+            if (!grupo) {
+                grupo = new QButtonGroup(this);
+                if (!m.columna.isEmpty()) grupos_.append({m.columna, m.filtra, {}, {}});
+            }
             grupo->addButton(opcion);
+            if (!m.columna.isEmpty())
+                for (Grupo& g : grupos_)
+                    if (g.columna == m.columna) {
+                        g.botones << opcion;
+                        g.valores << m.si;
+                    }
             opt_.append(opcion);
             boton = opcion;
         }
@@ -185,7 +244,7 @@ void FormularioMantenimiento::construirMarcas(QGridLayout* rejilla, int fila, in
         boton->setAccessibleName(nombre.remove(u'&').remove(u':').trimmed());
         eventos_->avanzarConIntro(boton);
         connect(boton, &QAbstractButton::clicked, this, [this, boton] { alMarcar(boton); });
-        filaMarcas->addWidget(boton);
+        donde->addWidget(boton);
         anterior = &m;
     }
     filaMarcas->addStretch(1);
@@ -213,6 +272,7 @@ QStringList FormularioMantenimiento::valores() const {
     for (const QLineEdit* t : txt_) v << t->text();
     for (int i = 0; i < chk_.size(); ++i)
         if (!casillas_[i]->columna.isEmpty()) v << valorCasilla(i);
+    for (const Grupo& g : grupos_) v << valorGrupo(g);
     return v;
 }
 
@@ -226,8 +286,26 @@ int FormularioMantenimiento::casillaPorColumna(const QString& columna) const {
     return -1;
 }
 
-QString FormularioMantenimiento::clave(const QString& codigo) const {
-    return QStringLiteral("K") + codigo;
+QString FormularioMantenimiento::clave(const QStringList& fila) const {
+    return QStringLiteral("K") + fila.value(0);
+}
+
+const FormularioMantenimiento::Grupo* FormularioMantenimiento::grupoPorColumna(
+    const QString& columna) const {
+    for (const Grupo& g : grupos_)
+        if (g.columna.compare(columna, Qt::CaseInsensitive) == 0) return &g;
+    return nullptr;
+}
+
+QString FormularioMantenimiento::valorGrupo(const Grupo& g) const {
+    for (int i = 0; i < g.botones.size(); ++i)
+        if (g.botones[i]->isChecked()) return g.valores[i];
+    return g.valores.value(g.valores.size() - 1);
+}
+
+void FormularioMantenimiento::ponerGrupo(const Grupo& g, const QString& valor) {
+    const qsizetype i = g.valores.indexOf(valor);
+    g.botones[i >= 0 ? i : g.botones.size() - 1]->setChecked(true);
 }
 
 int FormularioMantenimiento::indicePorColumna(const QString& columna) const {
@@ -265,9 +343,11 @@ bool FormularioMantenimiento::existe(const QString& codigo) const {
                .toString() != QStringLiteral("#");
 }
 
+// A box or button (i = -1) has no lookup.
 void FormularioMantenimiento::alFoco(int i) {
     activo_ = i;
-    Boton(toolbar_, claves::lupa)->setEnabled(!txt_[i]->property("Tag").toString().isEmpty());
+    Boton(toolbar_, claves::lupa)
+        ->setEnabled(i >= 0 && !txt_[i]->property("Tag").toString().isEmpty());
 }
 
 void FormularioMantenimiento::alDobleClic(int i) {
@@ -290,7 +370,18 @@ bool FormularioMantenimiento::alValidar(int i) {
     const Campo& c = d_.campos[i];
     normalizarCampo(i);
     const QString texto = txt_[i]->text();
-    if (texto.isEmpty() || !c.comprobar) return true;
+    if (QLabel* nombre = des(i); nombre && texto.isEmpty()) nombre->clear();
+    if (texto.isEmpty()) return true;
+    if (c.nombre) {
+        std::optional<QString> hallado;
+        if (!Protegido([&] { hallado = c.nombre(texto); })) return false;
+        if (!hallado) {
+            MsgBox(MensajeError(c.sinNombre), Icono::Critico);
+            return false;
+        }
+        if (QLabel* nombre = des(i)) nombre->setText(*hallado);
+    }
+    if (!c.comprobar) return true;
     QString mensaje;
     // A check that fails outright (a number beyond range) refuses the field like a message.
     if (!Protegido([&] { mensaje = c.comprobar(texto); })) return false;
@@ -313,6 +404,13 @@ void FormularioMantenimiento::cargarCodigo() {
         if (!casillas_[i]->columna.isEmpty())
             chk_[i]->setChecked(NzTexto(fila.value(casillas_[i]->columna), casillas_[i]->no) ==
                                 casillas_[i]->si);
+    for (const Grupo& g : grupos_) ponerGrupo(g, NzTexto(fila.value(g.columna)));
+}
+
+void FormularioMantenimiento::alElegirFila(QTreeWidgetItem* fila) {
+    ponerTexto(0, fila->text(0));
+    alSalir(0);
+    txt_[0]->setFocus();
 }
 
 void FormularioMantenimiento::LimpiarCampos() {
@@ -324,17 +422,20 @@ void FormularioMantenimiento::LimpiarCampos() {
             vistos.insert(o->group());
             o->setChecked(true);
         }
+    for (QLabel* nombre : std::as_const(des_)) nombre->clear();
     txt_[0]->setFocus();
 }
 
+bool FormularioMantenimiento::validarCampo(int i) {
+    if (!d_.campos[i].obligatorio || !txt_[i]->text().isEmpty()) return true;
+    txt_[i]->setFocus();
+    MsgBox(MensajeError(1000), Icono::Critico);
+    return false;
+}
+
 bool FormularioMantenimiento::validarDatos() {
-    for (int i = 0; i < d_.campos.size(); ++i) {
-        if (d_.campos[i].obligatorio && txt_[i]->text().isEmpty()) {
-            txt_[i]->setFocus();
-            MsgBox(MensajeError(1000), Icono::Critico);
-            return false;
-        }
-    }
+    for (int i = 0; i < d_.campos.size(); ++i)
+        if (!validarCampo(i)) return false;
     // A toolbar key does not take the focus, so the field being typed was never left: its
     // check, and every other, runs again here before anything is written.
     for (int i = 0; i < d_.campos.size(); ++i) {
@@ -353,7 +454,11 @@ QStringList FormularioMantenimiento::filaDesdeCampos() const {
     QStringList fila;
     for (const Columna& c : d_.columnas) {
         const int i = indicePorColumna(c.columna), k = casillaPorColumna(c.columna);
-        fila << (i >= 0 ? txt_[i]->text() : k >= 0 ? valorCasilla(k) : QString());
+        const Grupo* g = grupoPorColumna(c.columna);
+        fila << (i >= 0   ? txt_[i]->text()
+                 : k >= 0 ? valorCasilla(k)
+                 : g      ? valorGrupo(*g)
+                          : QString());
     }
     return fila;
 }
@@ -367,7 +472,8 @@ void FormularioMantenimiento::AltaRegistro() {
             return;
         }
         d_.insertar(valores());
-        lista_->agregar(clave(codigo), filaDesdeCampos());
+        const QStringList fila = filaDesdeCampos();
+        lista_->agregar(clave(fila), fila);
         LimpiarCampos();
     });
 }
@@ -380,13 +486,19 @@ void FormularioMantenimiento::ModificarRegistro() {
             MsgBox(MensajeError(d_.mensajeFalta), Icono::Critico);
             return;
         }
+        if (!puedeModificar(codigo)) return;
         d_.actualizar(valores());
-        lista_->actualizar(clave(codigo), filaDesdeCampos());
+        const QStringList fila = filaDesdeCampos();
+        lista_->actualizar(clave(fila), fila);
         LimpiarCampos();
     });
 }
 
 bool FormularioMantenimiento::puedeBorrar(const QString&) {
+    return true;
+}
+
+bool FormularioMantenimiento::puedeModificar(const QString&) {
     return true;
 }
 
@@ -403,7 +515,7 @@ void FormularioMantenimiento::BorrarRegistro() {
                            if (MsgBox(d_.pregunta(codigo), Icono::Pregunta) != Respuesta::Si)
                                return;
                            d_.borrar(codigo);
-                           const QString k = clave(codigo);
+                           const QString k = clave(filaDesdeCampos());
                            if (lista_->contiene(k)) lista_->quitar(k);
                        });
     // A failed delete keeps the fields, as every failed store operation does.
@@ -416,12 +528,17 @@ void FormularioMantenimiento::Filtrar() {
         normalizarCampo(i);
         const QString texto = txt_[i]->text();
         const Campo& c = d_.campos[i];
-        if (texto.isEmpty() || c.columna.isEmpty()) continue;
+        if (texto.isEmpty() || c.columna.isEmpty() || !c.filtra) continue;
         const QString valor = c.tipo == Tipo::Numero  ? numeroSql(texto)
                               : c.tipo == Tipo::Fecha ? sqlTexto(Auxiliar::sDate(texto))
                                                       : sqlTexto(texto);
         if (!condicion.isEmpty()) condicion += QStringLiteral(" and ");
         condicion += c.columna + QStringLiteral(" = ") + valor;
+    }
+    for (const Grupo& g : grupos_) {
+        if (!g.filtra) continue;
+        if (!condicion.isEmpty()) condicion += QStringLiteral(" and ");
+        condicion += g.columna + QStringLiteral(" = ") + sqlTexto(valorGrupo(g));
     }
     RefrescarLista(condicion);
 }
@@ -434,10 +551,15 @@ void FormularioMantenimiento::RefrescarLista(const QString& condicion) {
             QStringList textos;
             for (const Columna& c : d_.columnas) {
                 const int k = casillaPorColumna(c.columna);
-                textos << (k >= 0 ? NzTexto(filas.value(c.columna), casillas_[k]->no)
-                                  : textoCampo(filas.value(c.columna), c.tipo));
+                const QVariant valor = filas.value(c.columna);
+                if (k >= 0)
+                    textos << NzTexto(valor, casillas_[k]->no);
+                else if (!c.patron.isEmpty() && !Nz(valor).toString().isEmpty())
+                    textos << formato::Format(Nz(valor).toDouble(), c.patron);
+                else
+                    textos << textoCampo(valor, c.tipo);
             }
-            lista_->agregar(clave(textos.value(0)), textos);
+            lista_->agregar(clave(textos), textos);
         }
     });
 }

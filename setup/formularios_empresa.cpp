@@ -8,10 +8,18 @@ void registrarFormulariosEmpresa() {
         const char* nombre;
         FormularioMantenimiento* (*fabrica)();
     } formas[] = {
-        {"frmEmpresas", nuevoFrmEmpresas},     {"frmDelegaciones", nuevoFrmDelegaciones},
-        {"frmEjercicios", nuevoFrmEjercicios}, {"frmNumeracion", nuevoFrmNumeracion},
-        {"frmCuentas", nuevoFrmCuentas},       {"frmDocumentos", nuevoFrmDocumentos},
+        {"frmEmpresas", nuevoFrmEmpresas},
+        {"frmDelegaciones", nuevoFrmDelegaciones},
+        {"frmEjercicios", nuevoFrmEjercicios},
+        {"frmNumeracion", nuevoFrmNumeracion},
+        {"frmCuentas", nuevoFrmCuentas},
+        {"frmDocumentos", nuevoFrmDocumentos},
         {"frmDiarios", nuevoFrmDiarios},
+        {"frmImpuestos", nuevoFrmImpuestos},
+        {"frmIrpf", nuevoFrmIrpf},
+        {"frmFormasPago", nuevoFrmFormasPago},
+        {"frmPersonal", nuevoFrmPersonal},
+        {"frmAcrdeu", nuevoFrmAcrdeu},
     };
     for (const auto& f : formas)
         formularios::registrar(QString::fromLatin1(f.nombre), [fabrica = f.fabrica] {

@@ -11,6 +11,11 @@ FormularioMantenimiento* nuevoFrmNumeracion();
 FormularioMantenimiento* nuevoFrmCuentas();
 FormularioMantenimiento* nuevoFrmDocumentos();
 FormularioMantenimiento* nuevoFrmDiarios();
+FormularioMantenimiento* nuevoFrmImpuestos();
+FormularioMantenimiento* nuevoFrmIrpf();
+FormularioMantenimiento* nuevoFrmFormasPago();
+FormularioMantenimiento* nuevoFrmPersonal();
+FormularioMantenimiento* nuevoFrmAcrdeu();
 
 // Makes them known to the menu by their names.
 void registrarFormulariosEmpresa();

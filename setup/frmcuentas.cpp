@@ -1,5 +1,4 @@
-#include "data/almacen/sql.h"
-#include "data/auxiliar.h"
+#include "comprobaciones.h"
 #include "data/entidades/cuentas.h"
 #include "data/global.h"
 #include "data/mensajes.h"
@@ -13,10 +12,6 @@
 namespace {
 
 using namespace mantenimiento;
-
-QString expandir(const QString& texto) {
-    return ExpandirCuenta(texto, sesion_digitos);
-}
 
 Declaracion declaracionCuentas() {
     Declaracion d;
@@ -32,7 +27,7 @@ Declaracion declaracionCuentas() {
          .columna = QStringLiteral("cuenta"),
          .obligatorio = true,
          .ancho = 14,
-         .normalizar = expandir},
+         .normalizar = comprobaciones::expandirCuenta},
         {.etiqueta = QStringLiteral("&Descripción:"),
          .columna = QStringLiteral("descripcion"),
          .obligatorio = true},
@@ -85,18 +80,14 @@ protected:
     }
 
     // Codes right-justified, so that the keys of the list sort as the chart does.
-    QString clave(const QString& codigo) const override {
-        return QStringLiteral("K") + codigo.trimmed().rightJustified(12, u' ');
+    QString clave(const QStringList& fila) const override {
+        return QStringLiteral("K") + fila.value(0).trimmed().rightJustified(12, u' ');
     }
 
     // An account with postings, in any branch or year of the company, stays.
     bool puedeBorrar(const QString& codigo) override {
-        Recordset apuntes = Auxiliar::GetListExt(
-            *sesion_conexion, QStringLiteral("Apuntes"), QStringLiteral("cuenta"),
-            QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) +
-                QStringLiteral(" and cuenta = ") + sqlTexto(codigo),
-            QString(), QString(), QString());
-        if (apuntes.eof()) return true;
+        if (!comprobaciones::enUso(QStringLiteral("Apuntes"), QStringLiteral("cuenta"), codigo))
+            return true;
         MsgBox(MensajeError(1035), Icono::Critico);
         return false;
     }
