@@ -5,6 +5,11 @@
 #include "data/entidades/usuarios.h"
 #include "data/entidades/usuariosdelegaciones.h"
 #include "data/global.h"
+#include "forms/formularios.h"
+#include "forms/mantenimiento.h"
+#include "gui_prueba.h"
+
+#include <QDate>
 
 #include <QStringList>
 
@@ -22,4 +27,24 @@ void crearUsuario(const QString& codigo, const QString& contrasena,
     Usuarios::Insert(*sesion_conexion, "", "", codigo, contrasena, "PRUEBA", false);
     for (const QString& d : delegaciones)
         UsuariosDelegaciones::Update(*sesion_conexion, codigo, "EMP", d, -1, "PRUEBA");
+}
+
+void sesionEmp() {
+    sesion_usuario = "ANA";
+    sesion_empresa = sesion_delegacion = "EMP";
+    sesion_ejercicio = QDate::currentDate().year();
+    sesion_digitos = 8;
+}
+
+FormularioMantenimiento* abrirMantenimiento(const QString& nombre) {
+    auto* f = qobject_cast<FormularioMantenimiento*>(formularios::abrir(nombre));
+    if (f) activar(f->ventana());
+    return f;
+}
+
+void rellenar(FormularioMantenimiento* f, const QStringList& campos) {
+    for (const QString& c : campos) {
+        const qsizetype igual = c.indexOf(u'=');
+        teclear(f->txt(c.left(igual).toInt()), c.mid(igual + 1));
+    }
 }
