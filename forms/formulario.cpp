@@ -3,6 +3,7 @@
 #include "geometria.h"
 
 #include <QCloseEvent>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QTreeWidget>
 
@@ -40,6 +41,14 @@ void Formulario::showEvent(QShowEvent* evento) {
     QWidget* marco = ventana();
     if (inicial_.isValid()) marco->resize(marco->size() - size() + inicial_);
     geometria::restaurar(marco, nombre());
+    // A window placed where the free room ended would start beyond the area's right or
+    // bottom edge: it is drawn back inside, as far as its size allows.
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(marco); sub && sub->mdiArea()) {
+        const QSize area = sub->mdiArea()->viewport()->size();
+        const QRect g = sub->geometry();
+        sub->move(qMax(0, qMin(g.x(), area.width() - g.width())),
+                  qMax(0, qMin(g.y(), area.height() - g.height())));
+    }
     for (const auto& [lista, prefijo] : listas_)
         geometria::restaurarColumnas(lista, nombre(), prefijo);
 }

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 namespace {
@@ -27,18 +28,24 @@ Respuesta MsgBox(const QString& texto, Icono icono) {
     if (manejadorActual()) return manejadorActual()(texto, icono);
     static const QMessageBox::Icon iconos[] = {QMessageBox::Critical, QMessageBox::Warning,
                                                QMessageBox::Information, QMessageBox::Question};
-    QMessageBox caja(iconos[int(icono)], tituloAplicacion(), texto, QMessageBox::NoButton,
-                     QApplication::activeWindow());
+    const QPointer<QWidget> ventana = QApplication::activeWindow();
+    QMessageBox caja(iconos[int(icono)], tituloAplicacion(), texto, QMessageBox::NoButton, ventana);
+    // The keyboard goes back to the window that asked, whatever the window manager does when
+    // the box goes away, so that the next key reaches the field the form chose.
+    const auto mostrar = [&] {
+        caja.exec();
+        if (ventana) ventana->activateWindow();
+    };
     if (icono != Icono::Pregunta) {
         caja.setDefaultButton(caja.addButton(QStringLiteral("Aceptar"), QMessageBox::AcceptRole));
-        caja.exec();
+        mostrar();
         return Respuesta::Aceptar;
     }
     QPushButton* si = caja.addButton(QStringLiteral("&Sí"), QMessageBox::YesRole);
     QPushButton* no = caja.addButton(QStringLiteral("&No"), QMessageBox::NoRole);
     caja.setDefaultButton(si);
     caja.setEscapeButton(no);
-    caja.exec();
+    mostrar();
     return caja.clickedButton() == si ? Respuesta::Si : Respuesta::No;
 }
 

@@ -127,10 +127,10 @@ Declaracion declaracionAcrdeu() {
         {QStringLiteral("Cuenta"), QStringLiteral("cuenta"), 90},
         {QStringLiteral("Codigo"), QStringLiteral("codigo"), 80},
         {QStringLiteral("Tipo"), QStringLiteral("tipo"), 45},
-        {QStringLiteral("Nacionalidad"), QStringLiteral("nacionalidad"), 80},
+        {QStringLiteral("Nacionalidad"), QStringLiteral("nacionalidad"), 95},
         {QStringLiteral("Impuesto"), QStringLiteral("impuesto"), 65},
-        {QStringLiteral("Forma de pago"), QStringLiteral("forma_pago"), 90},
-        {QStringLiteral("Dia de pago"), QStringLiteral("primer_dia"), 70, Tipo::Numero, kDia},
+        {QStringLiteral("Forma de pago"), QStringLiteral("forma_pago"), 105},
+        {QStringLiteral("Dia de pago"), QStringLiteral("primer_dia"), 85, Tipo::Numero, kDia},
         {QStringLiteral("Descuento"), QStringLiteral("descuento"), 70, Tipo::Numero, kDescuento},
         {QStringLiteral("IRPF"), QStringLiteral("irpf"), 50},
         {QStringLiteral("Contrapartida"), QStringLiteral("contrapartida"), 90}};
