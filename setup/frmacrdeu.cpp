@@ -193,7 +193,8 @@ protected:
                fila.value(1).trimmed().rightJustified(12, u' ');
     }
 
-    // Day and discount, when empty, are 0; otherwise they must be numbers.
+    // Day and discount, when empty, are 0; otherwise they must be numbers, shown by their
+    // patterns also when saved without leaving the field.
     bool validarCampo(int i) override {
         if (!FormularioMantenimiento::validarCampo(i)) return false;
         if (i != 4 && i != 5) return true;
@@ -201,7 +202,10 @@ protected:
             ponerTexto(i, QStringLiteral("0"));
             return true;
         }
-        if (formato::IsNumeric(txt(i)->text())) return true;
+        if (formato::IsNumeric(txt(i)->text())) {
+            ponerTexto(i, conPatron(txt(i)->text(), i == 4 ? kDia : kDescuento));
+            return true;
+        }
         txt(i)->setFocus();
         MsgBox(MensajeError(1004), Icono::Critico);
         return false;

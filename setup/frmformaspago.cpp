@@ -117,6 +117,11 @@ public:
         return true;
     }
 
+protected:
+    QString clave(const QStringList& fila) const override {
+        return QStringLiteral("K") + fila.value(0).trimmed();
+    }
+
 private:
     bool rechazar(int foco, int mensaje) {
         txt(foco)->setFocus();
