@@ -343,8 +343,9 @@ bool FormularioMantenimiento::existe(const QString& codigo) const {
                .toString() != QStringLiteral("#");
 }
 
-// A box or button (i = -1) has no lookup.
+// A box or button (i = -1) has no lookup, and sets lupa only where the form says so.
 void FormularioMantenimiento::alFoco(int i) {
+    if (i < 0 && !d_.marcasConLupa) return;
     activo_ = i;
     Boton(toolbar_, claves::lupa)
         ->setEnabled(i >= 0 && !txt_[i]->property("Tag").toString().isEmpty());

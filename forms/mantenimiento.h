@@ -105,6 +105,9 @@ struct Declaracion {
     bool requiereDelegacion = false;  // a branch in session, besides the company
     std::function<QString(const QString& codigo)> pregunta;  // before deleting
     bool lupaEnBarra = true;  // whether the toolbar's lupa button shows the lookup
+    // Whether a box or button taking the focus sets lupa as a field without lookup does; by
+    // default lupa keeps what the last field gave it.
+    bool marcasConLupa = false;
 
     // The entity class: the field texts in index order, then the values of the boxes that
     // have a column, then those of the groups that have one, go to Insert and Update.

@@ -123,6 +123,7 @@ Declaracion declaracionAcrdeu() {
                 opcion("Co&munitario", "nacionalidad", 1, "COM"),
                 opcion("E&xtrangero", "nacionalidad", 1, "EXT")};
     d.grupos = {{0, QStringLiteral("Tipo")}, {1, QStringLiteral("Nacionalidad")}};
+    d.marcasConLupa = true;
     d.columnas = {
         {QStringLiteral("Cuenta"), QStringLiteral("cuenta"), 90},
         {QStringLiteral("Codigo"), QStringLiteral("codigo"), 80},
@@ -193,8 +194,7 @@ protected:
                fila.value(1).trimmed().rightJustified(12, u' ');
     }
 
-    // Day and discount, when empty, are 0; otherwise they must be numbers, shown by their
-    // patterns also when saved without leaving the field.
+    // Day and discount, when empty, are 0; otherwise they must be numbers.
     bool validarCampo(int i) override {
         if (!FormularioMantenimiento::validarCampo(i)) return false;
         if (i != 4 && i != 5) return true;
@@ -202,13 +202,18 @@ protected:
             ponerTexto(i, QStringLiteral("0"));
             return true;
         }
-        if (formato::IsNumeric(txt(i)->text())) {
-            ponerTexto(i, conPatron(txt(i)->text(), i == 4 ? kDia : kDescuento));
-            return true;
-        }
+        if (formato::IsNumeric(txt(i)->text())) return true;
         txt(i)->setFocus();
         MsgBox(MensajeError(1004), Icono::Critico);
         return false;
+    }
+
+    // The list shows day and discount by their patterns, as typed or not.
+    QStringList filaDesdeCampos() const override {
+        QStringList fila = FormularioMantenimiento::filaDesdeCampos();
+        fila[6] = conPatron(fila[6], kDia);
+        fila[7] = conPatron(fila[7], kDescuento);
+        return fila;
     }
 
     void alSalir(int i) override {

@@ -14,6 +14,7 @@
 #include "data/entidades/registroiva.h"
 #include "data/global.h"
 #include "data/mensajes.h"
+#include "forms/barra.h"
 #include "forms/formularios.h"
 #include "forms/lista.h"
 #include "forms/mantenimiento.h"
@@ -425,16 +426,25 @@ private Q_SLOTS:
         teclear(f->txt(5), "2,5");
         QCOMPARE(f->txt(5)->text(), QStringLiteral("2,50"));
 
+        // The options take lupa away from the field that had one.
+        f->txt(1)->setFocus();
+        QVERIFY(Boton(f->barra(), claves::lupa)->isEnabled());
+        f->opt(2)->setFocus();
+        QVERIFY(!Boton(f->barra(), claves::lupa)->isEnabled());
+
+        // Saved with the discount emptied and not left: 0, shown by its pattern in the list.
         rellenar(f, {"0=43.1", "1=C1", "2=V21", "3=30", "4=31", "7=700."});
+        escribir(f->txt(5), "");
         guardar(f, kInsertar, {3, 6});
         QCOMPARE(filas("Acrdeu",
                        "cuenta = '43000001' AND tipo = 'ACR' AND nacionalidad = 'EXT' "
-                       "AND primer_dia = 31 AND descuento = 2.5"),
+                       "AND primer_dia = 31 AND descuento = 0"),
                  1);
+        QCOMPARE(f->lista()->texto(0, 7), QStringLiteral("0,00"));
         rellenar(f, {"0=43.1", "1=C1"});
         QVERIFY(f->opt(3)->isChecked() && f->opt(6)->isChecked());
         QCOMPARE(f->txt(3)->text(), QStringLiteral("30"));
-        QCOMPARE(f->txt(5)->text(), QStringLiteral("2,50"));
+        QCOMPARE(f->txt(5)->text(), QStringLiteral("0,00"));
         QCOMPARE(f->des(0)->text(), QStringLiteral("Ferretería Pérez"));
         QCOMPARE(f->des(1)->text(), QStringLiteral("Ferretería Pérez, S.L."));
         QCOMPARE(f->des(7)->text(), QStringLiteral("Ventas de mercaderías"));
