@@ -1,5 +1,7 @@
 #include "empresa_prueba.h"
 
+#include "almacen_prueba.h"
+
 #include "data/entidades/delegaciones.h"
 #include "data/entidades/empresas.h"
 #include "data/entidades/usuarios.h"
@@ -9,7 +11,10 @@
 #include "forms/mantenimiento.h"
 #include "gui_prueba.h"
 
+#include <QApplication>
 #include <QDate>
+#include <QLineEdit>
+#include <QtTest>
 
 #include <QStringList>
 
@@ -40,6 +45,28 @@ FormularioMantenimiento* abrirMantenimiento(const QString& nombre) {
     auto* f = qobject_cast<FormularioMantenimiento*>(formularios::abrir(nombre));
     if (f) activar(f->ventana());
     return f;
+}
+
+void comprobarSalida(FormularioMantenimiento* f, int indice, const QString& texto,
+                     const QString& mensaje) {
+    Buzon buzon;
+    teclear(f->txt(indice), texto);
+    QCOMPARE(buzon.textos, mensaje.isEmpty() ? QStringList() : QStringList(mensaje));
+    if (mensaje.isEmpty()) {
+        QTRY_VERIFY(QApplication::focusWidget() != f->txt(indice));
+    } else {
+        QCOMPARE(buzon.iconos.value(0), Icono::Critico);
+        QTRY_COMPARE(QApplication::focusWidget(), f->txt(indice));
+    }
+}
+
+void comprobarRechazo(QKeySequence tecla, const QString& tabla, const QString& mensaje) {
+    const int antes = filas(tabla);
+    Buzon buzon;
+    buzon.respuestas << Respuesta::Si;
+    pulsar(tecla);
+    QCOMPARE(buzon.textos, QStringList(mensaje));
+    QCOMPARE(filas(tabla), antes);
 }
 
 void rellenar(FormularioMantenimiento* f, const QStringList& campos) {

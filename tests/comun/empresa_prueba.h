@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeySequence>
 #include <QStringList>
 
 class FormularioMantenimiento;
@@ -18,3 +19,11 @@ void sesionEmp();
 FormularioMantenimiento* abrirMantenimiento(const QString& nombre);
 // "3=texto" pairs: fields typed and left with Tab, in that order.
 void rellenar(FormularioMantenimiento* f, const QStringList& campos);
+
+// Types the text into field `indice` and leaves it. With no `mensaje` nothing is said and the
+// focus moves on; otherwise that message alone, critical, and the focus stays in the field.
+void comprobarSalida(FormularioMantenimiento* f, int indice, const QString& texto,
+                     const QString& mensaje);
+// Presses a toolbar key where the focus is, answering Yes to a question: exactly `mensaje` is
+// said and the table keeps its rows.
+void comprobarRechazo(QKeySequence tecla, const QString& tabla, const QString& mensaje);
