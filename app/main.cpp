@@ -4,6 +4,7 @@
 #include "session/principal.h"
 #include "session/sesion.h"
 #include "posting/formularios_asientos.h"
+#include "reports/formularios_informes.h"
 #include "setup/formularios_empresa.h"
 
 #include <QApplication>
@@ -18,6 +19,7 @@ int main(int argc, char* argv[]) {
     registrarFormulariosSesion();
     registrarFormulariosEmpresa();
     registrarFormulariosAsientos();
+    registrarFormulariosInformes();
     VentanasPrograma ventanas;
     int resultado = Main(ventanas);
     if (resultado == 0 && principal()) resultado = QApplication::exec();

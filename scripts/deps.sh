@@ -1,11 +1,14 @@
 #!/usr/bin/env bash
 # Installs, from Debian's packages, what building Saldeva needs and is missing.
 #   deps.sh        what the program needs to build and run
-#   deps.sh test   also the PostgreSQL server that the test suite starts for itself
+#   deps.sh test   also the PostgreSQL server that the test suite starts for itself, and
+#                  pdftotext, which reads the reports' PDF files back
+#   deps.sh bench  also ledger-cli and GNU time, which the benchmark runs beside Saldeva
 set -euo pipefail
 
-paquetes=(cmake ninja-build g++ qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql libgl-dev fonts-dejavu-core)
-[ "${1:-}" = "test" ] && paquetes+=(postgresql-15)
+paquetes=(cmake ninja-build g++ qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql libgl-dev fonts-dejavu-core libxlsxwriter-dev)
+[ "${1:-}" = "test" ] && paquetes+=(postgresql-15 poppler-utils)
+[ "${1:-}" = "bench" ] && paquetes+=(ledger time)
 
 faltan=()
 for p in "${paquetes[@]}"; do

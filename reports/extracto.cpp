@@ -1,0 +1,85 @@
+#include "extracto.h"
+
+#include "criterios.h"
+#include "data/almacen/sql.h"
+#include "data/auxiliar.h"
+#include "data/entidades/apuntes.h"
+#include "data/global.h"
+#include "temporal.h"
+
+Extracto criterioExtracto(const CriteriosExtracto& c) {
+    Extracto e;
+    e.criterio = QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) + u' ';
+    e.criterio += criterios::delegacion(c.delegaciones);
+    if (!c.diarios.isEmpty())
+        e.criterio += QStringLiteral("and codigo_diario in (") + criterios::lista(c.diarios) +
+                      QStringLiteral(") ");
+    // The balance brought forward takes the same company, branches and journals, and no
+    // account bounds: each account adds its own condition.
+    e.criterioAnterior = e.criterio;
+    if (!c.cuentaDesde.isEmpty())
+        e.criterio += QStringLiteral("and cuenta >= ") + sqlTexto(c.cuentaDesde) + u' ';
+    if (!c.cuentaHasta.isEmpty())
+        e.criterio += QStringLiteral("and cuenta <= ") + sqlTexto(c.cuentaHasta) + u' ';
+    const QString desde = criterios::fechaODefecto(c.fechaDesde, sesion_fecha_inicial);
+    e.criterio += QStringLiteral("and fecha_apunte >= ") + sqlTexto(desde) + u' ';
+    e.criterioAnterior += QStringLiteral("and fecha_apunte < ") + sqlTexto(desde) + u' ';
+    e.criterio += QStringLiteral("and fecha_apunte <= ") +
+                  sqlTexto(criterios::fechaODefecto(c.fechaHasta, sesion_fecha_final)) + u' ';
+    return e;
+}
+
+qint64 llenarExtractos(const Extracto& e, const Avance& avance) {
+    Recordset rs = Apuntes::GetList(*sesion_conexion, e.criterio, QStringLiteral("cuenta"),
+                                    Cursor::Secuencial);
+    if (rs.eof()) return 0;
+    const qint64 total = avance ? rs.recordCount() : -1;
+    if (avance) avance(0, total);
+    Relleno relleno(*sesion_temporal, esquema::Extractos);
+    QString ultimaCuenta;
+    QVariant saldoAnterior, titulo;
+    qint64 n = 0;
+    for (; !rs.eof(); rs.moveNext()) {
+        const QString cuenta = rs[QStringLiteral("cuenta")].toString();
+        if (cuenta != ultimaCuenta) {
+            ultimaCuenta = cuenta;
+            saldoAnterior = Auxiliar::vBuscarCampo(
+                QStringLiteral("Apuntes"), QStringLiteral("SUM(debe-haber) AS saldo_anterior"),
+                e.criterioAnterior + QStringLiteral(" AND cuenta = ") + sqlTexto(cuenta), 0);
+            titulo = Auxiliar::vBuscarCampo(
+                QStringLiteral("Cuentas"), QStringLiteral("descripcion"),
+                QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) +
+                    QStringLiteral(" AND cuenta = ") + sqlTexto(cuenta),
+                QString());
+        }
+        relleno.anadir({cuenta, rs[QStringLiteral("codigo_diario")],
+                        rs[QStringLiteral("fecha_apunte")], rs[QStringLiteral("numero_documento")],
+                        rs[QStringLiteral("numero_apunte")], rs[QStringLiteral("concepto")],
+                        rs[QStringLiteral("debe")], rs[QStringLiteral("haber")],
+                        saldoAnterior.toDouble(), titulo});
+        if (avance)
+            avance(++n, total);
+        else
+            ++n;
+    }
+    relleno.terminar();
+    return n;
+}
+
+QStringList formulasExtracto(const CriteriosExtracto& c) {
+    QString empresa = criterios::empresa();
+    if (!c.delegaciones.isEmpty()) empresa += QStringLiteral(" // Delegaciones: ") + c.delegaciones;
+    return {criterios::formula(QStringLiteral("periodo='"),
+                               criterios::periodo(c.fechaDesde, c.fechaHasta)),
+            criterios::formula(QStringLiteral("empresa='"), empresa),
+            criterios::formula(QStringLiteral("ordenacion = '"),
+                               c.porDiario ? QStringLiteral("Por diario y fecha contable")
+                                           : QStringLiteral("Por fecha contable"))};
+}
+
+QString consultaExtracto(bool porDiario) {
+    return porDiario ? QStringLiteral(
+                           "SELECT * FROM Extractos ORDER BY cuenta, codigo_diario, "
+                           "fecha_apunte")
+                     : QStringLiteral("SELECT * FROM Extractos ORDER BY cuenta, fecha_apunte");
+}

@@ -1,0 +1,4 @@
+#pragma once
+
+// Registers the report forms under the names the menu opens them by.
+void registrarFormulariosInformes();

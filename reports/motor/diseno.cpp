@@ -1,0 +1,239 @@
+// A layout file is read line by line; "#" outside quotes starts a comment. Measures are in
+// millimetres with a point as decimal mark; texts go in double quotes ("" inside for one).
+//
+//   titulo "Libro Diario"
+//   papel A4 vertical                  A4 or A3, vertical or horizontal
+//   margenes 12 10 12 12               top, right, bottom, left
+//   letra "DejaVu Sans" 8              family and size in points
+//   acumulado NOMBRE grupo = EXPR      sum of EXPR over the rows, back to zero at each group
+//   acumulado NOMBRE informe = EXPR    sum over the whole report
+//   calculo NOMBRE = EXPR              a value of each row
+//   grupo CAMPO [CAMPO…]               the fields whose change starts a new group
+//   banda TIPO ALTO [solo_en_grupo]    the elements that follow belong to this band
+//   texto X Y ANCHO ALTO "Página {pagina}" [opciones]
+//   campo X Y ANCHO ALTO EXPR [opciones]     EXPR in quotes when it holds blanks
+//   linea X1 Y1 X2 Y2 [grosor=0.3]
+//
+// Options: negrita, cursiva, letra=N, izquierda, derecha, centro, fecha (yyyymmdd shown as
+// dd/mm/yyyy), importe (1.234,56), entero, blanco_si_cero. Band types: cabecera_informe,
+// cabecera_pagina, cabecera_columnas, arrastre_cabecera, cabecera_grupo, detalle, pie_grupo,
+// arrastre_pie, pie_informe, pie_pagina.
+#include "diseno.h"
+
+#include "data/almacen/error.h"
+#include "expresion.h"
+
+#include <QFile>
+#include <QHash>
+
+namespace motor {
+
+namespace {
+
+const QHash<QString, TipoBanda>& tiposBanda() {
+    static const QHash<QString, TipoBanda> tipos{
+        {QStringLiteral("cabecera_informe"), TipoBanda::CabeceraInforme},
+        {QStringLiteral("cabecera_pagina"), TipoBanda::CabeceraPagina},
+        {QStringLiteral("cabecera_columnas"), TipoBanda::CabeceraColumnas},
+        {QStringLiteral("arrastre_cabecera"), TipoBanda::ArrastreCabecera},
+        {QStringLiteral("cabecera_grupo"), TipoBanda::CabeceraGrupo},
+        {QStringLiteral("detalle"), TipoBanda::Detalle},
+        {QStringLiteral("pie_grupo"), TipoBanda::PieGrupo},
+        {QStringLiteral("arrastre_pie"), TipoBanda::ArrastrePie},
+        {QStringLiteral("pie_informe"), TipoBanda::PieInforme},
+        {QStringLiteral("pie_pagina"), TipoBanda::PiePagina},
+    };
+    return tipos;
+}
+
+// The tokens of a line; a quoted token keeps its blanks and loses its quotes.
+QStringList trocear(const QString& linea) {
+    QStringList tokens;
+    qsizetype i = 0;
+    const qsizetype n = linea.size();
+    while (i < n) {
+        while (i < n && linea[i].isSpace()) ++i;
+        if (i >= n || linea[i] == u'#') break;
+        QString token;
+        if (linea[i] == u'"') {
+            ++i;
+            for (;;) {
+                if (i >= n) throw Error(0, QStringLiteral("falta la comilla que cierra"));
+                if (linea[i] == u'"') {
+                    if (i + 1 < n && linea[i + 1] == u'"') {
+                        token += u'"';
+                        i += 2;
+                        continue;
+                    }
+                    ++i;
+                    break;
+                }
+                token += linea[i++];
+            }
+        } else {
+            while (i < n && !linea[i].isSpace()) token += linea[i++];
+        }
+        tokens << token;
+    }
+    return tokens;
+}
+
+double medida(const QString& texto) {
+    bool ok = false;
+    const double v = texto.toDouble(&ok);
+    if (!ok || v < 0) throw Error(0, QStringLiteral("\"%1\" no es una medida").arg(texto));
+    return v;
+}
+
+int estiloDe(Diseno& d, const Estilo& e) {
+    const qsizetype i = d.estilos.indexOf(e);
+    if (i >= 0) return int(i);
+    d.estilos << e;
+    return int(d.estilos.size() - 1);
+}
+
+void opciones(Diseno& d, Elemento& el, const QStringList& t, qsizetype desde) {
+    Estilo estilo;
+    for (qsizetype i = desde; i < t.size(); ++i) {
+        const QString& o = t[i];
+        if (o == u"negrita")
+            estilo.negrita = true;
+        else if (o == u"cursiva")
+            estilo.cursiva = true;
+        else if (o.startsWith(u"letra="))
+            estilo.puntos = medida(o.mid(6));
+        else if (o.startsWith(u"grosor="))
+            el.grosor = medida(o.mid(7));
+        else if (o == u"izquierda")
+            el.alineacion = Alineacion::Izquierda;
+        else if (o == u"derecha")
+            el.alineacion = Alineacion::Derecha;
+        else if (o == u"centro")
+            el.alineacion = Alineacion::Centro;
+        else if (o == u"fecha")
+            el.formato = Formato::Fecha;
+        else if (o == u"importe")
+            el.formato = Formato::Importe;
+        else if (o == u"entero")
+            el.formato = Formato::Entero;
+        else if (o == u"blanco_si_cero")
+            el.blancoSiCero = true;
+        else
+            throw Error(0, QStringLiteral("opción desconocida \"%1\"").arg(o));
+    }
+    el.estilo = estiloDe(d, estilo);
+}
+
+void exigir(const QStringList& t, qsizetype minimo) {
+    if (t.size() < minimo)
+        throw Error(0, QStringLiteral("faltan valores en \"%1\"").arg(t.join(u' ')));
+}
+
+void comprobarExpresion(const QString& texto) {
+    if (const QString e = Expresion::errorDeSintaxis(texto); !e.isEmpty()) throw Error(0, e);
+}
+
+void leerLinea(Diseno& d, Banda*& banda, const QStringList& t) {
+    const QString& clave = t[0];
+    if (clave == u"titulo") {
+        exigir(t, 2);
+        d.titulo = t[1];
+    } else if (clave == u"papel") {
+        exigir(t, 3);
+        QSizeF p;
+        if (t[1] == u"A4")
+            p = {210, 297};
+        else if (t[1] == u"A3")
+            p = {297, 420};
+        else
+            throw Error(0, QStringLiteral("papel desconocido \"%1\"").arg(t[1]));
+        if (t[2] == u"horizontal")
+            p.transpose();
+        else if (t[2] != u"vertical")
+            throw Error(0, QStringLiteral("orientación desconocida \"%1\"").arg(t[2]));
+        d.papel = p;
+    } else if (clave == u"margenes") {
+        exigir(t, 5);
+        for (int i = 0; i < 4; ++i) d.margenes[i] = medida(t[i + 1]);
+    } else if (clave == u"letra") {
+        exigir(t, 3);
+        d.letra = t[1];
+        d.puntos = medida(t[2]);
+    } else if (clave == u"acumulado") {
+        exigir(t, 5);
+        if (t[3] != u"=" || (t[2] != u"grupo" && t[2] != u"informe"))
+            throw Error(0, QStringLiteral("se espera \"acumulado NOMBRE grupo|informe = EXPR\""));
+        const QString expr = t.mid(4).join(u' ');
+        comprobarExpresion(expr);
+        d.acumulados << Acumulado{t[1], expr, t[2] == u"grupo"};
+    } else if (clave == u"calculo") {
+        exigir(t, 4);
+        if (t[2] != u"=") throw Error(0, QStringLiteral("se espera \"calculo NOMBRE = EXPR\""));
+        const QString expr = t.mid(3).join(u' ');
+        comprobarExpresion(expr);
+        d.calculos << Calculo{t[1], expr};
+    } else if (clave == u"grupo") {
+        exigir(t, 2);
+        d.grupo = t.mid(1);
+    } else if (clave == u"banda") {
+        exigir(t, 3);
+        const auto tipo = tiposBanda().constFind(t[1]);
+        if (tipo == tiposBanda().constEnd())
+            throw Error(0, QStringLiteral("banda desconocida \"%1\"").arg(t[1]));
+        banda = &d.banda(*tipo);
+        banda->presente = true;
+        banda->alto = medida(t[2]);
+        banda->soloEnGrupo = t.size() > 3 && t[3] == u"solo_en_grupo";
+    } else if (clave == u"texto" || clave == u"campo" || clave == u"linea") {
+        if (!banda) throw Error(0, QStringLiteral("elemento fuera de una banda"));
+        Elemento el;
+        if (clave == u"linea") {
+            exigir(t, 5);
+            el.clase = Elemento::Clase::Linea;
+            el.caja =
+                QRectF(QPointF(medida(t[1]), medida(t[2])), QPointF(medida(t[3]), medida(t[4])));
+            opciones(d, el, t, 5);
+        } else {
+            exigir(t, 6);
+            el.clase = clave == u"texto" ? Elemento::Clase::Texto : Elemento::Clase::Campo;
+            el.caja = QRectF(medida(t[1]), medida(t[2]), medida(t[3]), medida(t[4]));
+            el.texto = t[5];
+            if (el.clase == Elemento::Clase::Campo) comprobarExpresion(el.texto);
+            opciones(d, el, t, 6);
+        }
+        banda->elementos << el;
+    } else {
+        throw Error(0, QStringLiteral("no se entiende \"%1\"").arg(clave));
+    }
+}
+
+}  // namespace
+
+Diseno leerDisenoTexto(const QString& texto, const QString& origen) {
+    Diseno d;
+    Banda* banda = nullptr;
+    const QStringList lineas = texto.split(u'\n');
+    for (qsizetype n = 0; n < lineas.size(); ++n) {
+        try {
+            const QStringList t = trocear(lineas[n]);
+            if (!t.isEmpty()) leerLinea(d, banda, t);
+        } catch (const Error& e) {
+            throw Error(0, QStringLiteral("%1, línea %2: %3.")
+                               .arg(origen.isEmpty() ? QStringLiteral("Diseño") : origen)
+                               .arg(n + 1)
+                               .arg(e.descripcion()));
+        }
+    }
+    if (!d.banda(TipoBanda::Detalle).presente)
+        throw Error(0, QStringLiteral("%1: no tiene banda de detalle.").arg(origen));
+    return d;
+}
+
+Diseno leerDiseno(const QString& ruta) {
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::ReadOnly))
+        throw Error(0, QStringLiteral("No se puede abrir el informe \"%1\"").arg(ruta));
+    return leerDisenoTexto(QString::fromUtf8(archivo.readAll()), ruta);
+}
+
+}  // namespace motor

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <QList>
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+#include <QStringList>
+#include <array>
+
+// The layout of a report, read from its text file in Reports/: the paper, the letter, the
+// running sums, the group and the bands, each band a list of elements placed in millimetres
+// from the band's top-left corner. The format is told at the
+// head of diseno.cpp; a file is read once per run and checked whole before any page.
+namespace motor {
+
+enum class Formato { Texto, Fecha, Importe, Entero };
+enum class Alineacion : quint8 { Izquierda, Derecha, Centro };
+
+struct Estilo {
+    bool negrita = false;
+    bool cursiva = false;
+    double puntos = 0;  // 0: the layout's letter size
+    bool operator==(const Estilo&) const = default;
+};
+
+struct Elemento {
+    enum class Clase { Texto, Campo, Linea };
+    Clase clase = Clase::Texto;
+    QRectF caja;    // mm within the band; for a line, from top-left to bottom-right
+    QString texto;  // Texto: text with {name} substitutions; Campo: an expression
+    Formato formato = Formato::Texto;
+    Alineacion alineacion = Alineacion::Izquierda;
+    bool blancoSiCero = false;
+    int estilo = 0;       // index into Diseno::estilos
+    double grosor = 0.2;  // Linea, mm
+};
+
+enum class TipoBanda {
+    CabeceraInforme,   // once, on the first page below the page header
+    CabeceraPagina,    // every page
+    CabeceraColumnas,  // every page, below the page header
+    ArrastreCabecera,  // top of a page that continues the report: the carried totals
+    CabeceraGrupo,     // before the first line of each group, never apart from it
+    Detalle,           // each row
+    PieGrupo,          // after the last line of each group
+    ArrastrePie,       // bottom of a page that the report continues on the next
+    PieInforme,        // once, after the last group
+    PiePagina,         // every page, at its foot
+};
+constexpr int kTiposBanda = 10;
+
+struct Banda {
+    bool presente = false;
+    double alto = 0;  // mm
+    // Carried-total bands may be limited to breaks that fall inside a group.
+    bool soloEnGrupo = false;
+    QList<Elemento> elementos;
+};
+
+// A running sum over the rows: the expression is added for each row, and the sum starts again
+// at zero when the group changes (or never, for the whole report).
+struct Acumulado {
+    QString nombre;
+    QString sumando;  // an expression
+    bool porGrupo = false;
+};
+
+// A value of each row computed from its fields, the sums and other values before it.
+struct Calculo {
+    QString nombre;
+    QString expresion;
+};
+
+struct Diseno {
+    QString titulo;
+    QSizeF papel{210, 297};                 // mm, in the orientation of the page
+    double margenes[4] = {12, 10, 12, 12};  // top, right, bottom, left
+    QString letra = QStringLiteral("DejaVu Sans");
+    double puntos = 8;
+    QList<Estilo> estilos{Estilo{}};
+    QList<Acumulado> acumulados;
+    QList<Calculo> calculos;
+    QStringList grupo;  // the fields whose change starts a new group; empty: no groups
+    std::array<Banda, kTiposBanda> bandas;
+
+    const Banda& banda(TipoBanda t) const { return bandas[size_t(t)]; }
+    Banda& banda(TipoBanda t) { return bandas[size_t(t)]; }
+    double anchoUtil() const { return papel.width() - margenes[1] - margenes[3]; }
+};
+
+// Reads a layout; a line that cannot be understood is an Error naming the file and the line.
+Diseno leerDiseno(const QString& ruta);
+Diseno leerDisenoTexto(const QString& texto, const QString& origen = QString());
+
+}  // namespace motor

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "data/almacen/recordset.h"
+
+#include <QStringList>
+#include <QVariant>
+#include <vector>
+
+class Conexion;
+
+// The rows a report is laid out from, read one after another and never held all at once.
+namespace motor {
+
+class FuenteFilas {
+public:
+    virtual ~FuenteFilas() = default;
+    virtual QStringList columnas() const = 0;
+    // The next row into `fila` (one value per column); false at the end.
+    virtual bool leer(std::vector<QVariant>& fila) = 0;
+    // The number of rows when it is known beforehand, else -1: for progress only.
+    virtual qint64 total() { return -1; }
+};
+
+// The rows of a query on a store, read as they are walked.
+class FuenteConsulta : public FuenteFilas {
+public:
+    FuenteConsulta(Conexion& conexion, const QString& sql);
+    QStringList columnas() const override { return columnas_; }
+    bool leer(std::vector<QVariant>& fila) override;
+    qint64 total() override;
+
+private:
+    Recordset rs_;
+    QStringList columnas_;
+    bool primera_ = true;
+    qint64 total_ = -2;
+};
+
+// Rows held by the caller: tests and small reports.
+class FuenteMemoria : public FuenteFilas {
+public:
+    FuenteMemoria(QStringList columnas, QList<QVariantList> filas)
+        : columnas_(std::move(columnas)), filas_(std::move(filas)) {}
+    QStringList columnas() const override { return columnas_; }
+    bool leer(std::vector<QVariant>& fila) override;
+    qint64 total() override { return filas_.size(); }
+
+private:
+    QStringList columnas_;
+    QList<QVariantList> filas_;
+    qsizetype siguiente_ = 0;
+};
+
+}  // namespace motor

@@ -1,0 +1,59 @@
+#include "valores.h"
+
+#include "data/formato.h"
+
+#include <cmath>
+
+namespace motor {
+
+Valor valorDe(const QVariant& v) {
+    switch (v.typeId()) {
+        case QMetaType::Double:
+        case QMetaType::Float:
+        case QMetaType::Int:
+        case QMetaType::UInt:
+        case QMetaType::LongLong:
+        case QMetaType::ULongLong:
+        case QMetaType::Short:
+        case QMetaType::UShort:
+            return Valor::deNumero(v.toDouble());
+        default:
+            return Valor::deTexto(v.isNull() ? QString() : v.toString());
+    }
+}
+
+QString importe(double valor) {
+    QString t = formato::Format(valor, QStringLiteral("0.00"));
+    const qsizetype coma = t.indexOf(u',');
+    const qsizetype inicio = t.startsWith(u'-') ? 1 : 0;
+    for (qsizetype i = coma - 3; i > inicio; i -= 3) t.insert(i, u'.');
+    return t;
+}
+
+QString fechaVisible(const QString& f) {
+    if (f.size() != 8) return f;
+    return f.mid(6, 2) + u'/' + f.mid(4, 2) + u'/' + f.left(4);
+}
+
+QString mostrar(const Valor& v, Formato formato, bool blancoSiCero) {
+    switch (formato) {
+        case Formato::Fecha:
+            return fechaVisible(v.texto);
+        case Formato::Importe: {
+            if (v.esTexto) return v.texto;
+            if (blancoSiCero && std::fabs(v.numero) < 0.005) return {};
+            return importe(v.numero);
+        }
+        case Formato::Entero:
+            if (v.esTexto) return v.texto;
+            if (blancoSiCero && std::llround(v.numero) == 0) return {};
+            return QString::number(std::llround(v.numero));
+        case Formato::Texto:
+            break;
+    }
+    if (v.esTexto) return v.texto;
+    if (blancoSiCero && v.numero == 0) return {};
+    return formato::textoDouble(v.numero).replace(u'.', u',');
+}
+
+}  // namespace motor

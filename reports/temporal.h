@@ -1,0 +1,28 @@
+#pragma once
+
+#include "data/almacen/conexion.h"
+#include "data/almacen/esquema.h"
+
+#include <QStringList>
+#include <QVariantList>
+
+// Filling a table of the temporary store for a report: "DELETE FROM" the table, then every
+// row inside one transaction on the temporary connection, committed at the end; a failure
+// rolls the filling back and goes to the caller.
+class Relleno {
+public:
+    Relleno(Conexion& temporal, const esquema::Tabla& tabla);
+    // One row, its values in the table's column order.
+    void anadir(const QVariantList& valores);
+    void terminar();
+
+private:
+    Conexion& c_;
+    QString tabla_;
+    QStringList columnas_;
+    Transaccion t_;
+};
+
+// Each filling of a table counts one more run of it in this program, so that a window showing
+// an earlier run can tell that the table no longer holds its rows.
+quint64 generacionTemporal(const QString& tabla);
