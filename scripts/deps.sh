@@ -2,12 +2,12 @@
 # Installs, from Debian's packages, what building Saldeva needs and is missing.
 #   deps.sh        what the program needs to build and run
 #   deps.sh test   also the PostgreSQL server that the test suite starts for itself, and
-#                  pdftotext, which reads the reports' PDF files back
+#                  pdftotext and unzip, which read the reports' PDF and XLSX files back
 #   deps.sh bench  also ledger-cli and GNU time, which the benchmark runs beside Saldeva
 set -euo pipefail
 
 paquetes=(cmake ninja-build g++ qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql libgl-dev fonts-dejavu-core libxlsxwriter-dev)
-[ "${1:-}" = "test" ] && paquetes+=(postgresql-15 poppler-utils)
+[ "${1:-}" = "test" ] && paquetes+=(postgresql-15 poppler-utils unzip)
 [ "${1:-}" = "bench" ] && paquetes+=(ledger time)
 
 faltan=()

@@ -1,0 +1,298 @@
+// The report engine without a store: pagination, formulas, layout errors and the exports.
+#include "data/almacen/error.h"
+#include "reports/motor/exportar.h"
+#include "reports/motor/fuente.h"
+#include "reports/motor/paginador.h"
+#include "reports/motor/valores.h"
+
+#include <QDate>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+#include <QtTest>
+#include <map>
+
+using namespace motor;
+
+namespace {
+
+// Lines "L<n>" of groups "G<g>", the amount of line n being n + 0.01·n, in a layout whose
+// detail height decides where the pages break. Amount texts sit at x = 110 mm.
+QString diseno(double altoDetalle, bool soloEnGrupo) {
+    const QString solo = soloEnGrupo ? QStringLiteral(" solo_en_grupo") : QString();
+    return QStringLiteral(R"(
+papel A4 vertical
+margenes 10 10 10 10
+acumulado dg grupo = debe
+acumulado dt informe = debe
+grupo g
+banda cabecera_pagina 12
+  texto 0 0 90 5 "{empresa}"
+  texto 0 6 90 5 "{periodo}"
+banda cabecera_columnas 5
+  texto 0 0 50 5 "COLUMNAS"
+banda arrastre_cabecera 5%2
+  texto 0 0 50 5 "ANTERIOR"
+  campo 100 0 40 5 "dg" importe
+banda cabecera_grupo 9
+  texto 0 0 50 5 "GRUPO {g}"
+banda detalle %1
+  texto 0 0 50 4 "L{n}"
+  campo 100 0 40 4 debe importe
+banda pie_grupo 6
+  texto 0 0 50 5 "FIN {g}"
+  campo 100 0 40 5 dg importe
+banda arrastre_pie 5%2
+  texto 0 0 50 5 "SIGUE"
+  campo 100 0 40 5 "dg" importe
+banda pie_informe 6
+  texto 0 0 50 5 "TOTAL"
+  campo 100 0 40 5 dt importe
+banda pie_pagina 6
+  texto 0 0 90 5 "Página {pagina}"
+)")
+        .arg(altoDetalle)
+        .arg(solo);
+}
+
+// One row of a page: the label at the left margin and the amount beside it, if any.
+struct Renglon {
+    QString etiqueta, importe;
+};
+
+QList<Renglon> renglones(const Pagina& p) {
+    std::map<std::pair<double, int>, Renglon> porAltura;
+    for (const Trazo& t : p.textos) {
+        Renglon& r = porAltura[{t.caja.y(), 0}];
+        (t.caja.x() > 100 ? r.importe : r.etiqueta) = t.texto;
+    }
+    QList<Renglon> lista;
+    for (const auto& [clave, r] : porAltura) lista << r;
+    return lista;
+}
+
+QList<QVariantList> filasDeGrupos(const QList<int>& tamanos, double* total) {
+    QList<QVariantList> filas;
+    int n = 0;
+    *total = 0;
+    for (qsizetype g = 0; g < tamanos.size(); ++g)
+        for (int i = 0; i < tamanos[g]; ++i) {
+            ++n;
+            const double debe = n + 0.01 * n;
+            *total += debe;
+            filas << QVariantList{QStringLiteral("G%1").arg(g), n, debe};
+        }
+    return filas;
+}
+
+}  // namespace
+
+class PruebaMotor : public QObject {
+    Q_OBJECT
+private slots:
+    void paginacion_data() {
+        QTest::addColumn<QList<int>>("grupos");
+        QTest::addColumn<double>("altoDetalle");
+        QTest::addColumn<bool>("soloEnGrupo");
+        QTest::newRow("one long group, carried within it") << QList<int>{200} << 4.3 << true;
+        QTest::newRow("groups across pages") << QList<int>{3, 50, 1, 1, 120, 7} << 4.3 << true;
+        QTest::newRow("tall lines, single-line groups")
+            << QList<int>{1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1} << 31.0 << true;
+        QTest::newRow("whole-book totals carried")
+            << QList<int>{3, 50, 1, 1, 120, 7} << 9.7 << false;
+        for (int d = 0; d < 6; ++d)
+            QTest::addRow("group header at the foot, step %d", d)
+                << QList<int>{40 + d, 2, 2, 2, 60} << 4.0 + d * 0.25 << true;
+        QTest::newRow("no rows") << QList<int>{} << 4.3 << false;
+    }
+    // On every page: the formulas in the header, its own number in the footer, no group
+    // header without its first line after it, and carried totals equal to the sum of the
+    // lines before the break; every line once, in order; group and report totals.
+    void paginacion() {
+        QFETCH(QList<int>, grupos);
+        QFETCH(double, altoDetalle);
+        QFETCH(bool, soloEnGrupo);
+        double total = 0;
+        FuenteMemoria fuente({"g", "n", "debe"}, filasDeGrupos(grupos, &total));
+        const Diseno d = leerDisenoTexto(diseno(altoDetalle, soloEnGrupo));
+        Paginador paginador(d,
+                            leerFormulas({"empresa='EMP Comercial Ebro, S.L.'",
+                                          "periodo='del 01/01/2026 al 31/12/2026'"}),
+                            fuente);
+        Pagina pagina;
+        int numero = 0, siguienteLinea = 1;
+        double grupo = 0, libro = 0;
+        QString arrastrado;  // the carried amount the previous page ended with
+        while (paginador.siguiente(pagina)) {
+            ++numero;
+            QCOMPARE(pagina.numero, numero);
+            const QList<Renglon> r = renglones(pagina);
+            QCOMPARE(r.first().etiqueta, QStringLiteral("EMP Comercial Ebro, S.L."));
+            QCOMPARE(r[1].etiqueta, QStringLiteral("del 01/01/2026 al 31/12/2026"));
+            QCOMPARE(r.last().etiqueta, QStringLiteral("Página %1").arg(numero));
+            qsizetype i = 3;
+            if (!arrastrado.isEmpty()) {
+                QCOMPARE(r[i].etiqueta, QStringLiteral("ANTERIOR"));
+                QCOMPARE(r[i].importe, arrastrado);
+                ++i;
+            } else {
+                QVERIFY(r[i].etiqueta != u"ANTERIOR");
+            }
+            arrastrado.clear();
+            for (; i < r.size() - 1; ++i) {
+                const QString& e = r[i].etiqueta;
+                if (e.startsWith(u"GRUPO")) {
+                    QVERIFY2(
+                        r[i + 1].etiqueta == QStringLiteral("L%1").arg(siguienteLinea),
+                        qPrintable(QStringLiteral("página %1: cabecera sin su línea").arg(numero)));
+                    grupo = 0;
+                } else if (e.startsWith(u'L')) {
+                    QCOMPARE(e, QStringLiteral("L%1").arg(siguienteLinea));
+                    const double debe = siguienteLinea + 0.01 * siguienteLinea;
+                    QCOMPARE(r[i].importe, importe(debe));
+                    grupo += debe;
+                    libro += debe;
+                    ++siguienteLinea;
+                } else if (e.startsWith(u"FIN")) {
+                    QCOMPARE(r[i].importe, importe(grupo));
+                } else if (e == u"SIGUE") {
+                    QCOMPARE(r[i].importe, importe(grupo));
+                    arrastrado = r[i].importe;
+                } else if (e == u"TOTAL") {
+                    QCOMPARE(r[i].importe, importe(libro));
+                }
+            }
+        }
+        QCOMPARE(siguienteLinea - 1, int(paginador.filasLeidas()));
+        QCOMPARE(importe(libro), importe(total));
+        QVERIFY(numero >= 1);
+        QVERIFY(arrastrado.isEmpty());
+    }
+
+    void formulas_data() {
+        QTest::addColumn<QString>("formula");
+        QTest::addColumn<QString>("nombre");
+        QTest::addColumn<QString>("valor");
+        QTest::newRow("text") << "periodo='del 01/01/2026 al 31/12/2026'"
+                              << "periodo"
+                              << "del 01/01/2026 al 31/12/2026";
+        QTest::newRow("blanks around the sign") << "ordenacion = 'Por fecha contable'"
+                                                << "ordenacion"
+                                                << "Por fecha contable";
+        QTest::newRow("apostrophe in a name") << "empresa='EMP L'Hospitalet, S.A.'"
+                                              << "empresa"
+                                              << "EMP L'Hospitalet, S.A.";
+        QTest::newRow("bare number") << "niveles = 3"
+                                     << "niveles"
+                                     << "3";
+    }
+    void formulas() {
+        QFETCH(QString, formula);
+        QFETCH(QString, nombre);
+        QFETCH(QString, valor);
+        const auto f = leerFormulas({formula, QString()});
+        QCOMPARE(f.size(), 1);
+        QCOMPARE(mostrar(f.value(nombre), Formato::Texto, false), valor);
+    }
+
+    // A layout that cannot run says where and why, before any page.
+    void errores_data() {
+        QTest::addColumn<QString>("texto");
+        QTest::addColumn<QString>("mensaje");
+        QTest::newRow("unknown option") << "banda detalle 4\ntexto 0 0 1 1 \"x\" gordo"
+                                        << "línea 2: opción desconocida \"gordo\"";
+        QTest::newRow("element outside a band") << "campo 0 0 1 1 debe"
+                                                << "línea 1: elemento fuera de una banda";
+        QTest::newRow("bad expression") << "banda detalle 4\ncampo 0 0 1 1 \"debe +\""
+                                        << "falta un operando";
+        QTest::newRow("name with no value") << "banda detalle 4\ntexto 0 0 9 4 \"{saldo}\""
+                                            << "El informe usa \"{saldo}\", que no tiene valor";
+        QTest::newRow("group on no column") << "grupo cuenta\nbanda detalle 4"
+                                            << "nombra \"cuenta\"";
+        QTest::newRow("no detail") << "banda pie_pagina 4"
+                                   << "no tiene banda de detalle";
+    }
+    void errores() {
+        QFETCH(QString, texto);
+        QFETCH(QString, mensaje);
+        try {
+            FuenteMemoria fuente({"debe"}, {});
+            const Diseno d = leerDisenoTexto(texto);
+            Paginador p(d, {}, fuente);
+            QFAIL("no failure");
+        } catch (const Error& e) {
+            QVERIFY2(e.descripcion().contains(mensaje), qPrintable(e.descripcion()));
+        }
+    }
+
+    void exportaciones() {
+        QTemporaryDir dir;
+        const QStringList columnas{"cuenta",   "fecha_apunte", "numero_apunte",
+                                   "concepto", "debe",         "haber"};
+        const QList<QVariantList> filas{
+            {"43000001", "20260102", 1, "Factura 1; \"urgente\"", 1210.5, 0.0},
+            {"70000001", "20260131", 2, "Venta L'Hospitalet", 0.0, 1000000.0},
+            {"47700021", "20261231", 3, QVariant(), 1234567.89, 210.49},
+        };
+        {
+            FuenteMemoria f(columnas, filas);
+            QCOMPARE(exportarCsv(f, dir.filePath("a.csv")), Resultado::Hecho);
+            QFile csv(dir.filePath("a.csv"));
+            QVERIFY(csv.open(QIODevice::ReadOnly));
+            QCOMPARE(
+                csv.readAll(),
+                QByteArray("\xEF\xBB\xBF"
+                           "cuenta;fecha_apunte;numero_apunte;concepto;debe;haber\r\n"
+                           "43000001;02/01/2026;1;\"Factura 1; \"\"urgente\"\"\";1210,50;0,00\r\n"
+                           "70000001;31/01/2026;2;Venta L'Hospitalet;0,00;1000000,00\r\n"
+                           "47700021;31/12/2026;3;;1234567,89;210,49\r\n"));
+        }
+        {
+            // Cells read back from the sheet: numbers exactly, dates as day numbers.
+            FuenteMemoria f(columnas, filas);
+            QCOMPARE(exportarXlsx(f, dir.filePath("a.xlsx"), "Extractos"), Resultado::Hecho);
+            QProcess unzip;
+            unzip.start("unzip", {"-p", dir.filePath("a.xlsx"), "xl/worksheets/sheet1.xml"});
+            QVERIFY2(unzip.waitForFinished() && unzip.exitCode() == 0, "unzip");
+            QXmlStreamReader xml(unzip.readAllStandardOutput());
+            QList<QStringList> celdas;
+            while (!xml.atEnd()) {
+                xml.readNext();
+                if (xml.isStartElement() && xml.name() == u"row") celdas << QStringList();
+                if (xml.isStartElement() && (xml.name() == u"v" || xml.name() == u"t"))
+                    celdas.last() << xml.readElementText();
+            }
+            const auto dia = [](int a, int m, int d) {
+                return QString::number(QDate(1899, 12, 30).daysTo(QDate(a, m, d)));
+            };
+            QCOMPARE(
+                celdas,
+                (QList<QStringList>{
+                    columnas,
+                    {"43000001", dia(2026, 1, 2), "1", "Factura 1; \"urgente\"", "1210.5", "0"},
+                    {"70000001", dia(2026, 1, 31), "2", "Venta L'Hospitalet", "0", "1000000"},
+                    {"47700021", dia(2026, 12, 31), "3", "1234567.89", "210.49"},
+                }));
+        }
+        {
+            FuenteMemoria f({"g", "n", "debe"}, {{"G0", 1, 1210.5}, {"G0", 2, 1000000.0}});
+            const Diseno d = leerDisenoTexto(diseno(4.3, true));
+            QCOMPARE(
+                exportarPdf(
+                    d, leerFormulas({"empresa='EMP Comercial Ebro'", "periodo='del 01/01/2026'"}),
+                    f, dir.filePath("a.pdf"), "Prueba"),
+                Resultado::Hecho);
+            QVERIFY(!QFile::exists(dir.filePath("a.pdf.parcial")));
+            QProcess texto;
+            texto.start("pdftotext", {"-layout", dir.filePath("a.pdf"), "-"});
+            QVERIFY2(texto.waitForFinished() && texto.exitCode() == 0, "pdftotext");
+            const QString leido = QString::fromUtf8(texto.readAllStandardOutput());
+            for (const char* esperado : {"EMP Comercial Ebro", "GRUPO G0", "1.210,50",
+                                         "1.000.000,00", "FIN G0", "1.001.210,50", "Página 1"})
+                QVERIFY2(leido.contains(QString::fromUtf8(esperado)), esperado);
+        }
+    }
+};
+
+QTEST_MAIN(PruebaMotor)
+#include "prueba_motor.moc"
