@@ -50,6 +50,10 @@ AlmacenPrueba::AlmacenPrueba() {
                 dir + QStringLiteral("/Dades/Sistema.db"));
     QFile::setPermissions(dir + QStringLiteral("/Dades/Sistema.db"),
                           QFile::ReadOwner | QFile::WriteOwner);
+    QDir().mkpath(dir + QStringLiteral("/Reports"));
+    const QDir informes(QStringLiteral(SALDEVA_PROGRAMA_DIR "/Reports"));
+    for (const QString& rpt : informes.entryList({QStringLiteral("*.rpt")}))
+        QFile::copy(informes.filePath(rpt), dir + QStringLiteral("/Reports/") + rpt);
     escribir(QStringLiteral("Sistema.udl"),
              QStringLiteral("Provider=SQLite;Data Source=Dades/Sistema.db;Mode=Read"));
     escribir(QStringLiteral("Temporal.udl"),
