@@ -39,8 +39,12 @@ qint64 llenarExtractos(const Extracto& e, const Avance& avance) {
     QString ultimaCuenta;
     QVariant saldoAnterior, titulo;
     qint64 n = 0;
+    const auto i = [&rs](const char* campo) { return rs.indice(QString::fromLatin1(campo)); };
+    const int cCuenta = i("cuenta"), cDiario = i("codigo_diario"), cFecha = i("fecha_apunte"),
+              cDocumento = i("numero_documento"), cApunte = i("numero_apunte"),
+              cConcepto = i("concepto"), cDebe = i("debe"), cHaber = i("haber");
     for (; !rs.eof(); rs.moveNext()) {
-        const QString cuenta = rs[QStringLiteral("cuenta")].toString();
+        const QString cuenta = rs.value(cCuenta).toString();
         if (cuenta != ultimaCuenta) {
             ultimaCuenta = cuenta;
             saldoAnterior = Auxiliar::vBuscarCampo(
@@ -52,10 +56,8 @@ qint64 llenarExtractos(const Extracto& e, const Avance& avance) {
                     QStringLiteral(" AND cuenta = ") + sqlTexto(cuenta),
                 QString());
         }
-        relleno.anadir({cuenta, rs[QStringLiteral("codigo_diario")],
-                        rs[QStringLiteral("fecha_apunte")], rs[QStringLiteral("numero_documento")],
-                        rs[QStringLiteral("numero_apunte")], rs[QStringLiteral("concepto")],
-                        rs[QStringLiteral("debe")], rs[QStringLiteral("haber")],
+        relleno.anadir({cuenta, rs.value(cDiario), rs.value(cFecha), rs.value(cDocumento),
+                        rs.value(cApunte), rs.value(cConcepto), rs.value(cDebe), rs.value(cHaber),
                         saldoAnterior.toDouble(), titulo});
         if (avance)
             avance(++n, total);

@@ -40,8 +40,12 @@ qint64 llenarLibroDiario(const QString& criterio, const Avance& avance) {
     // over its lines.
     QHash<QString, QVariant> titulos;
     qint64 n = 0;
+    const auto i = [&rs](const char* campo) { return rs.indice(QString::fromLatin1(campo)); };
+    const int cCuenta = i("cuenta"), cFecha = i("fecha_apunte"), cDocumento = i("numero_documento"),
+              cApunte = i("numero_apunte"), cConcepto = i("concepto"), cDebe = i("debe"),
+              cHaber = i("haber");
     for (; !rs.eof(); rs.moveNext()) {
-        const QString cuenta = rs[QStringLiteral("cuenta")].toString();
+        const QString cuenta = rs.value(cCuenta).toString();
         auto titulo = titulos.constFind(cuenta);
         if (titulo == titulos.cend())
             titulo = titulos.insert(
@@ -50,10 +54,8 @@ qint64 llenarLibroDiario(const QString& criterio, const Avance& avance) {
                             QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) +
                                 QStringLiteral(" AND cuenta = ") + sqlTexto(cuenta),
                             QString()));
-        relleno.anadir({rs[QStringLiteral("fecha_apunte")], rs[QStringLiteral("numero_documento")],
-                        rs[QStringLiteral("numero_apunte")], cuenta, *titulo,
-                        rs[QStringLiteral("concepto")], rs[QStringLiteral("debe")],
-                        rs[QStringLiteral("haber")]});
+        relleno.anadir({rs.value(cFecha), rs.value(cDocumento), rs.value(cApunte), cuenta, *titulo,
+                        rs.value(cConcepto), rs.value(cDebe), rs.value(cHaber)});
         if (avance)
             avance(++n, total);
         else
