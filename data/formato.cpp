@@ -34,6 +34,28 @@ std::string sumarUnidad(std::string texto) {
 QString Format(double valor, const QString& patron) {
     const int decimales = std::min(decimalesDe(patron), 15);
     if (!std::isfinite(valor)) return QString::number(valor);
+    // Amounts are nearly always whole cents (or whole units of the last decimal): such a value
+    // lies far from any half, so its rounding is the nearest whole number of units, written
+    // here without printf. The books print millions of them.
+    if (decimales <= 4) {
+        static constexpr double kEscala[] = {1, 10, 100, 1000, 10000};
+        const double escalado = valor * kEscala[decimales];
+        const double entero = std::nearbyint(escalado);
+        if (std::fabs(escalado) < 1e15 && std::fabs(escalado - entero) < 1e-3) {
+            long long unidades = std::llabs(std::llround(entero));
+            char buffer[32];
+            int n = int(sizeof buffer);
+            for (int i = 0; i < decimales; ++i, unidades /= 10)
+                buffer[--n] = char('0' + unidades % 10);
+            if (decimales > 0) buffer[--n] = ',';
+            do {
+                buffer[--n] = char('0' + unidades % 10);
+                unidades /= 10;
+            } while (unidades > 0);
+            if (entero < 0) buffer[--n] = '-';
+            return QString::fromLatin1(buffer + n, qsizetype(sizeof buffer) - n);
+        }
+    }
     const double magnitud = std::fabs(valor);
     char buffer[512];
     std::snprintf(buffer, sizeof buffer, "%.*f", decimales, magnitud);

@@ -3,7 +3,6 @@
 #include "criterios.h"
 #include "data/almacen/sql.h"
 #include "data/auxiliar.h"
-#include "data/entidades/apuntes.h"
 #include "data/global.h"
 #include "temporal.h"
 
@@ -30,8 +29,13 @@ Extracto criterioExtracto(const CriteriosExtracto& c) {
 }
 
 qint64 llenarExtractos(const Extracto& e, const Avance& avance) {
-    Recordset rs = Apuntes::GetList(*sesion_conexion, e.criterio, QStringLiteral("cuenta"),
-                                    Cursor::Secuencial);
+    // The lines as the entity class lists them, only the columns the table takes: a long
+    // read costs by its values.
+    Recordset rs = Auxiliar::GetListExt(
+        *sesion_conexion, QStringLiteral("Apuntes"),
+        QStringLiteral("cuenta, codigo_diario, fecha_apunte, numero_documento, numero_apunte, "
+                       "concepto, debe, haber"),
+        e.criterio, QString(), QString(), QStringLiteral("cuenta"), Cursor::Secuencial);
     if (rs.eof()) return 0;
     const qint64 total = avance ? rs.recordCount() : -1;
     if (avance) avance(0, total);

@@ -23,11 +23,22 @@ Relleno::Relleno(Conexion& temporal, const esquema::Tabla& tabla)
         columnas_ << QString::fromUtf8(c.nombre.data(), qsizetype(c.nombre.size()));
 }
 
+namespace {
+// Rows per statement: fewer statements to run, well within the stores' limit of values.
+constexpr qsizetype kFilasPorSentencia = 256;
+}  // namespace
+
 void Relleno::anadir(const QVariantList& valores) {
-    c_.insertar(tabla_, columnas_, valores);
+    pendientes_ << valores;
+    if (pendientes_.size() == kFilasPorSentencia) {
+        c_.insertarFilas(tabla_, columnas_, pendientes_);
+        pendientes_.clear();
+    }
 }
 
 void Relleno::terminar() {
+    c_.insertarFilas(tabla_, columnas_, pendientes_);
+    pendientes_.clear();
     t_.commit();
 }
 

@@ -20,6 +20,7 @@ private:
     Conexion& c_;
     QString tabla_;
     QStringList columnas_;
+    QList<QVariantList> pendientes_;  // rows written together, a statement at a time
     Transaccion t_;
 };
 

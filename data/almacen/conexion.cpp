@@ -167,6 +167,27 @@ void Conexion::insertar(const QString& tabla, const QStringList& columnas,
     q.finish();
 }
 
+void Conexion::insertarFilas(const QString& tabla, const QStringList& columnas,
+                             const QList<QVariantList>& filas) {
+    if (filas.isEmpty()) return;
+    QStringList marcas;
+    marcas.fill(QStringLiteral("?"), columnas.size());
+    const QString fila = u'(' + marcas.join(QStringLiteral(", ")) + u')';
+    QStringList todas;
+    todas.fill(fila, filas.size());
+    QSqlQuery& q = preparada(QStringLiteral("INSERT INTO ") + tabla + QStringLiteral(" (") +
+                             columnas.join(QStringLiteral(", ")) + QStringLiteral(") VALUES ") +
+                             todas.join(QStringLiteral(", ")));
+    int i = 0;
+    for (const QVariantList& valores : filas)
+        for (const QVariant& v : valores) {
+            if (v.typeId() == QMetaType::QString && tieneNul(v.toString())) fallarTexto(kNul);
+            q.bindValue(i++, v);
+        }
+    if (!q.exec()) fallar(q.lastError());
+    q.finish();
+}
+
 int Conexion::actualizar(const QString& tabla, const QStringList& columnas,
                          const QVariantList& valores, const QString& condicion) {
     QStringList asignaciones;

@@ -37,6 +37,9 @@ public:
     // The writes of the entity classes and of the reports' temporary tables: one row with
     // bound values, so that no value can change the statement.
     void insertar(const QString& tabla, const QStringList& columnas, const QVariantList& valores);
+    // Several rows in one statement: the long fillings of the reports' tables.
+    void insertarFilas(const QString& tabla, const QStringList& columnas,
+                       const QList<QVariantList>& filas);
     // Gives the number of rows changed; the caller decides whether none is a failure.
     int actualizar(const QString& tabla, const QStringList& columnas, const QVariantList& valores,
                    const QString& condicion);

@@ -24,8 +24,17 @@ namespace {
 // Rows between two calls of the progress function.
 constexpr qint64 kTramo = 4096;
 
-bool esFecha(const QString& columna, const QVariant& v) {
-    if (!columna.startsWith(u"fecha", Qt::CaseInsensitive)) return false;
+// Columns named fecha… hold dates as "yyyymmdd"; the name is judged once per export.
+bool columnaDeFecha(const QString& columna) {
+    return columna.startsWith(u"fecha", Qt::CaseInsensitive);
+}
+QList<bool> columnasDeFecha(const QStringList& columnas) {
+    QList<bool> fechas;
+    for (const QString& c : columnas) fechas << columnaDeFecha(c);
+    return fechas;
+}
+bool esFecha(bool columnaFecha, const QVariant& v) {
+    if (!columnaFecha || v.typeId() != QMetaType::QString) return false;
     const QString t = v.toString();
     return t.size() == 8 && formato::IsNumeric(t);
 }
@@ -48,12 +57,12 @@ bool esEntero(const QVariant& v) {
     }
 }
 
-QString campoCsv(const QString& columna, const QVariant& v) {
+QString campoCsv(bool columnaFecha, const QVariant& v) {
     if (v.isNull()) return {};
     if (esDecimal(v)) return formato::Format(v.toDouble(), QStringLiteral("0.00"));
     if (esEntero(v)) return QString::number(v.toLongLong());
     QString t = v.toString();
-    if (esFecha(columna, v)) return fechaVisible(t);
+    if (esFecha(columnaFecha, v)) return fechaVisible(t);
     if (t.contains(u';') || t.contains(u'"') || t.contains(u'\n') || t.contains(u'\r'))
         t = u'"' + t.replace(u'"', QStringLiteral("\"\"")) + u'"';
     return t;
@@ -80,6 +89,7 @@ Resultado exportarCsv(FuenteFilas& fuente, const QString& ruta, const Progreso& 
     QSaveFile archivo(ruta);
     if (!archivo.open(QIODevice::WriteOnly)) fallarArchivo(ruta, archivo.errorString());
     const QStringList columnas = fuente.columnas();
+    const QList<bool> fechas = columnasDeFecha(columnas);
     const qint64 total = progreso ? fuente.total() : -1;
     QString linea = QStringLiteral("\xFEFF") + columnas.join(u';') + QStringLiteral("\r\n");
     archivo.write(linea.toUtf8());
@@ -90,7 +100,7 @@ Resultado exportarCsv(FuenteFilas& fuente, const QString& ruta, const Progreso& 
         linea.clear();
         for (qsizetype i = 0; i < columnas.size(); ++i) {
             if (i) linea += u';';
-            linea += campoCsv(columnas[i], fila[size_t(i)]);
+            linea += campoCsv(fechas[i], fila[size_t(i)]);
         }
         linea += QStringLiteral("\r\n");
         bloque += linea.toUtf8();
@@ -128,6 +138,7 @@ Resultado exportarXlsx(FuenteFilas& fuente, const QString& ruta, const QString& 
     format_set_num_format(fecha, "dd/mm/yyyy");
 
     const QStringList columnas = fuente.columnas();
+    const QList<bool> fechas = columnasDeFecha(columnas);
     const qint64 total = progreso ? fuente.total() : -1;
     lxw_worksheet* hoja = nullptr;
     int hojas = 0;
@@ -166,7 +177,7 @@ Resultado exportarXlsx(FuenteFilas& fuente, const QString& ruta, const QString& 
                 worksheet_write_number(hoja, r, col, v.toDouble(), importe);
             } else if (esEntero(v)) {
                 worksheet_write_number(hoja, r, col, double(v.toLongLong()), nullptr);
-            } else if (esFecha(columnas[c], v)) {
+            } else if (esFecha(fechas[c], v)) {
                 const QString t = v.toString();
                 lxw_datetime d{
                     t.left(4).toInt(), t.mid(4, 2).toInt(), t.mid(6, 2).toInt(), 0, 0, 0};
