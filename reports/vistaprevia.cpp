@@ -29,6 +29,7 @@
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QStandardPaths>
+#include <QStyle>
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -274,7 +275,12 @@ void frmVistaPrevia::refrescar() {
     if (modo < 0) {
         const QSize vista = desplazable_->viewport()->size();
         const double ppmBase = logicalDpiX() / 25.4;
-        const double ancho = (vista.width() - 2 * kBorde - 4) / (d_.papel.width() * ppmBase);
+        // The vertical bar is kept out of the width, whether it shows yet or not.
+        const int barra = desplazable_->verticalScrollBar()->isVisible()
+                              ? 0
+                              : style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        const double ancho =
+            (vista.width() - barra - 2 * kBorde - 4) / (d_.papel.width() * ppmBase);
         const double alto = (vista.height() - 2 * kBorde - 4) / (d_.papel.height() * ppmBase);
         zoom_ = qMax(0.2, modo == -1 ? ancho : qMin(ancho, alto));
     } else if (modo > 0 && zoomCombo_->currentIndex() >= 0) {
@@ -308,6 +314,12 @@ void frmVistaPrevia::keyPressEvent(QKeyEvent* evento) {
         return;
     }
     Formulario::keyPressEvent(evento);
+}
+
+void frmVistaPrevia::resizeEvent(QResizeEvent* evento) {
+    Formulario::resizeEvent(evento);
+    // A page fitted to the window follows the window.
+    if (zoomCombo_ && zoomCombo_->currentData().toInt() < 0) refrescar();
 }
 
 void frmVistaPrevia::closeEvent(QCloseEvent* evento) {

@@ -69,6 +69,7 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* evento) override;
     void closeEvent(QCloseEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
 
 private:
     void construir();
