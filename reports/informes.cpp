@@ -71,8 +71,17 @@ void Informes::rptConnect() {
     }
 }
 
+namespace {
+// The description inside "Error en …. <descripción>.": without a full stop of its own.
+QString sinPunto(QString descripcion) {
+    while (descripcion.endsWith(u'.')) descripcion.chop(1);
+    return descripcion;
+}
+}  // namespace
+
 void Informes::Execute() {
     try {
+        if (!obj_) throw Error(0, QStringLiteral("El informe no tiene control"));
         if (!conectado_) rptConnect();
         switch (printMode_) {
             case 0:
@@ -93,8 +102,8 @@ void Informes::Execute() {
         }
         obj_->setAction(1);
     } catch (const Error& e) {
-        throw Error(errores::kRptExecute,
-                    QStringLiteral("Error en Execute. ") + e.descripcion() + QStringLiteral(".\n"));
+        throw Error(errores::kRptExecute, QStringLiteral("Error en Execute. ") +
+                                              sinPunto(e.descripcion()) + QStringLiteral(".\n"));
     }
     Clear();
 }

@@ -207,32 +207,43 @@ void frmVistaPrevia::construir() {
     connect(temporizador_, &QTimer::timeout, this, &frmVistaPrevia::seguir);
 }
 
-// Lays out pages for about the time given; false when the report has no more.
+// One more page into the page file; false when there are no more, the laying out then being
+// over. A failure (a full disk, a store gone) stops it with its message: the pages laid out
+// so far stay.
+bool frmVistaPrevia::paginarUna() {
+    if (completo_ || cancelada_) return false;
+    try {
+        motor::Pagina p;
+        if (!paginador_->siguiente(p)) {
+            terminarPaginacion(false);
+            return false;
+        }
+        paginas_.anadir(p);
+        return true;
+    } catch (const Error& e) {
+        terminarPaginacion(true);
+        MsgBox(e.texto(), Icono::Critico);
+        return false;
+    }
+}
+
+// Lays out pages for about the time given; false when the laying out is over.
 bool frmVistaPrevia::paginarTramo(int milisegundos) {
     QElapsedTimer reloj;
     reloj.start();
-    motor::Pagina p;
-    while (reloj.elapsed() < milisegundos) {
-        if (!paginador_->siguiente(p)) return false;
-        paginas_.anadir(p);
-    }
+    while (reloj.elapsed() < milisegundos)
+        if (!paginarUna()) return false;
     return true;
 }
 
 void frmVistaPrevia::seguir() {
-    try {
-        if (!paginarTramo(40)) terminarPaginacion(false);
-    } catch (const Error& e) {
-        terminarPaginacion(true);
-        MsgBox(e.texto(), Icono::Critico);
-    }
+    paginarTramo(40);
     refrescar();
     if (!completo_ && !cancelada_) temporizador_->start(0);
 }
 
 void frmVistaPrevia::completar() {
-    while (!completo_ && !cancelada_) {
-        if (!paginarTramo(1000)) terminarPaginacion(false);
+    while (paginarTramo(1000)) {
     }
     refrescar();
 }
@@ -292,9 +303,8 @@ void frmVistaPrevia::refrescar() {
 void frmVistaPrevia::irA(int indice) {
     if (indice >= paginas_.cuantas() && !completo_ && !cancelada_) {
         // The page asked for is not laid out yet: lay out up to it.
-        motor::Pagina p;
-        while (paginas_.cuantas() <= indice && paginador_->siguiente(p)) paginas_.anadir(p);
-        if (paginas_.cuantas() <= indice) terminarPaginacion(false);
+        while (paginas_.cuantas() <= indice && paginarUna()) {
+        }
     }
     actual_ = qBound(0, indice, qMax(0, paginas_.cuantas() - 1));
     refrescar();
@@ -334,8 +344,13 @@ motor::Progreso frmVistaPrevia::progresoEn(const QString& texto) {
     dialogo->setMinimumDuration(300);
     dialogo->setAttribute(Qt::WA_DeleteOnClose);
     QPointer<QProgressDialog> d(dialogo);
+    // Told (-1, -1) when the work is over, it closes the dialog.
     return [d](qint64 hecho, qint64 total) {
         if (!d) return false;
+        if (hecho < 0) {
+            d->close();
+            return true;
+        }
         if (total > 0)
             d->setValue(int(qMin<qint64>(999, 1000 * hecho / total)));
         else
@@ -374,7 +389,7 @@ bool frmVistaPrevia::exportarPdf(const QString& ruta) {
                     },
                     paginas_.cuantas(), progreso) == motor::Resultado::Hecho;
     });
-    progreso(1, 1);
+    progreso(-1, -1);
     return hecho;
 }
 
@@ -387,7 +402,7 @@ bool frmVistaPrevia::exportarCsv(const QString& ruta) {
         motor::FuenteConsulta f(c, t_.consulta);
         hecho = motor::exportarCsv(f, ruta, progreso) == motor::Resultado::Hecho;
     });
-    progreso(1, 1);
+    progreso(-1, -1);
     return hecho;
 }
 
@@ -400,7 +415,7 @@ bool frmVistaPrevia::exportarXlsx(const QString& ruta) {
         motor::FuenteConsulta f(c, t_.consulta);
         hecho = motor::exportarXlsx(f, ruta, t_.titulo, progreso) == motor::Resultado::Hecho;
     });
-    progreso(1, 1);
+    progreso(-1, -1);
     return hecho;
 }
 
@@ -419,6 +434,12 @@ void frmVistaPrevia::elegirYExportar(const QString& filtro, const QString& exten
 
 void frmVistaPrevia::imprimir() {
     if (!completo_ && !cancelada_) completar();
+    if (cancelada_) {
+        MsgBox(QStringLiteral("La preparación de las páginas se detuvo: vuelva a ejecutar el "
+                              "informe para imprimirlo entero."),
+               Icono::Exclamacion);
+        return;
+    }
     QPrinter impresora(QPrinter::HighResolution);
     impresora.setFullPage(true);
     impresora.setPageLayout(disposicion(d_));
@@ -452,7 +473,7 @@ void frmVistaPrevia::imprimir() {
             hasta - desde + 1, progreso);
     });
     painter.end();
-    progreso(1, 1);
+    progreso(-1, -1);
 }
 
 void mostrarVistaPrevia(const TrabajoInforme& trabajo) {

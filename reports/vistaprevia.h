@@ -73,6 +73,7 @@ protected:
 
 private:
     void construir();
+    bool paginarUna();
     bool paginarTramo(int milisegundos);
     void seguir();
     void terminarPaginacion(bool cancelada);

@@ -15,7 +15,8 @@
 //   linea X1 Y1 X2 Y2 [grosor=0.3]
 //
 // Options: negrita, cursiva, letra=N, izquierda, derecha, centro, fecha (yyyymmdd shown as
-// dd/mm/yyyy), importe (1.234,56), entero, blanco_si_cero. Band types: cabecera_informe,
+// dd/mm/yyyy), importe (1.234,56), entero, blanco_si_cero, solo_en_grupo (in a carried-total
+// band, only when the page breaks inside a group). Band types: cabecera_informe,
 // cabecera_pagina, cabecera_columnas, arrastre_cabecera, cabecera_grupo, detalle, pie_grupo,
 // arrastre_pie, pie_informe, pie_pagina.
 #include "diseno.h"
@@ -118,6 +119,8 @@ void opciones(Diseno& d, Elemento& el, const QStringList& t, qsizetype desde) {
             el.formato = Formato::Entero;
         else if (o == u"blanco_si_cero")
             el.blancoSiCero = true;
+        else if (o == u"solo_en_grupo")
+            el.soloEnGrupo = true;
         else
             throw Error(0, QStringLiteral("opción desconocida \"%1\"").arg(o));
     }

@@ -31,8 +31,9 @@ struct Elemento {
     Formato formato = Formato::Texto;
     Alineacion alineacion = Alineacion::Izquierda;
     bool blancoSiCero = false;
-    int estilo = 0;       // index into Diseno::estilos
-    double grosor = 0.2;  // Linea, mm
+    bool soloEnGrupo = false;  // in a carried-total band: only when the break is inside a group
+    int estilo = 0;            // index into Diseno::estilos
+    double grosor = 0.2;       // Linea, mm
 };
 
 enum class TipoBanda {

@@ -16,6 +16,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
+#include <utility>
 
 namespace motor {
 
@@ -167,6 +168,17 @@ Resultado exportarXlsx(FuenteFilas& fuente, const QString& ruta, const QString& 
     std::vector<QVariant> fila;
     qint64 n = 0;
     bool cancelado = false;
+    // A failure while reading still closes the workbook, and leaves no file behind.
+    struct Cierre {
+        lxw_workbook*& libro;
+        QString ruta;
+        ~Cierre() {
+            if (libro) {
+                workbook_close(libro);
+                QFile::remove(provisional(ruta));
+            }
+        }
+    } cierre{libro, ruta};
     while (fuente.leer(fila)) {
         if (r > kFilasHoja) nuevaHoja();
         for (qsizetype c = 0; c < columnas.size(); ++c) {
@@ -194,7 +206,7 @@ Resultado exportarXlsx(FuenteFilas& fuente, const QString& ruta, const QString& 
             break;
         }
     }
-    const lxw_error error = workbook_close(libro);
+    const lxw_error error = workbook_close(std::exchange(libro, nullptr));
     if (cancelado) {
         QFile::remove(provisional(ruta));
         return Resultado::Cancelado;

@@ -202,11 +202,13 @@ void Paginador::abrirPagina(bool continua, bool dentroDeGrupo) {
               alto(TipoBanda::ArrastrePie);
     colocar(TipoBanda::CabeceraPagina);
     colocar(TipoBanda::CabeceraColumnas);
+    corteEnGrupo_ = dentroDeGrupo;
     if (continua && arrastra(TipoBanda::ArrastreCabecera, dentroDeGrupo))
         colocar(TipoBanda::ArrastreCabecera);
 }
 
 void Paginador::cerrarPagina(bool continua, bool dentroDeGrupo) {
+    corteEnGrupo_ = dentroDeGrupo;
     if (continua && arrastra(TipoBanda::ArrastrePie, dentroDeGrupo))
         colocar(TipoBanda::ArrastrePie);
     colocarEn(TipoBanda::PiePagina,
@@ -237,6 +239,7 @@ void Paginador::colocarEn(TipoBanda tipo, double y) {
     const double x = d_.margenes[3];
     for (const Enlace& e : bandas_[size_t(tipo)]) {
         const Elemento& el = *e.elemento;
+        if (el.soloEnGrupo && !corteEnGrupo_) continue;
         if (el.clase == Elemento::Clase::Linea) {
             actual_.rayas.push_back(
                 Raya{QLineF(el.caja.topLeft(), el.caja.bottomRight()).translated(x, y),

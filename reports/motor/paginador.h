@@ -73,6 +73,7 @@ private:
     Pagina actual_;
     double y_ = 0, limite_ = 0;
     bool empezado_ = false, terminado_ = false, enGrupo_ = false;
+    bool corteEnGrupo_ = false;  // the page break being drawn falls inside a group
     qint64 filas_ = 0;
 };
 

@@ -47,7 +47,7 @@ void Pintor::pintar(QPainter& p, const Pagina& pagina, double pixelesPorMm) {
         }
         const QRectF caja(t.caja.x() * kUnidades, t.caja.y() * kUnidades,
                           t.caja.width() * kUnidades, t.caja.height() * kUnidades);
-        int flags = Qt::AlignVCenter | Qt::TextSingleLine;
+        int flags = Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip;
         switch (Alineacion(t.alineacion)) {
             case Alineacion::Derecha:
                 flags |= Qt::AlignRight;
@@ -59,9 +59,11 @@ void Pintor::pintar(QPainter& p, const Pagina& pagina, double pixelesPorMm) {
                 flags |= Qt::AlignLeft;
                 break;
         }
-        // A text longer than its box is cut with an ellipsis rather than run into the next.
+        // A text longer than its box is cut with an ellipsis rather than run into the next;
+        // a right-aligned one (an amount) is never cut: it grows to the left.
         const QFontMetricsF& medidas = medidas_[estilo];
-        if (medidas.horizontalAdvance(t.texto) > caja.width())
+        if (Alineacion(t.alineacion) == Alineacion::Izquierda &&
+            medidas.horizontalAdvance(t.texto) > caja.width())
             p.drawText(caja, flags, medidas.elidedText(t.texto, Qt::ElideRight, caja.width()));
         else
             p.drawText(caja, flags, t.texto);
