@@ -40,6 +40,13 @@ QString empresa() {
                .toString();
 }
 
+QVariant titulo(const QString& cuenta) {
+    return Auxiliar::vBuscarCampo(QStringLiteral("Cuentas"), QStringLiteral("descripcion"),
+                                  QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) +
+                                      QStringLiteral(" AND cuenta = ") + sqlTexto(cuenta),
+                                  QString());
+}
+
 QString formula(const QString& inicio, const QString& valor) {
     // The value goes inside the engine's quotes as it is: the engine takes everything up to
     // the last quote, so an apostrophe inside a name stays part of it.

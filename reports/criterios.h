@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QVariant>
 
 // The pieces that every report form builds its criterion and its formulas from.
 namespace criterios {
@@ -21,6 +22,9 @@ QString periodo(const QString& desde, const QString& hasta);
 
 // "empresa": the company's code, a blank and its name.
 QString empresa();
+
+// The title of an account of the session's company, or empty.
+QVariant titulo(const QString& cuenta);
 
 // A formula slot: "nombre='" value "'".
 QString formula(const QString& inicio, const QString& valor);

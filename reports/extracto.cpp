@@ -54,11 +54,7 @@ qint64 llenarExtractos(const Extracto& e, const Avance& avance) {
             saldoAnterior = Auxiliar::vBuscarCampo(
                 QStringLiteral("Apuntes"), QStringLiteral("SUM(debe-haber) AS saldo_anterior"),
                 e.criterioAnterior + QStringLiteral(" AND cuenta = ") + sqlTexto(cuenta), 0);
-            titulo = Auxiliar::vBuscarCampo(
-                QStringLiteral("Cuentas"), QStringLiteral("descripcion"),
-                QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) +
-                    QStringLiteral(" AND cuenta = ") + sqlTexto(cuenta),
-                QString());
+            titulo = criterios::titulo(cuenta);
         }
         relleno.anadir({cuenta, rs.value(cDiario), rs.value(cFecha), rs.value(cDocumento),
                         rs.value(cApunte), rs.value(cConcepto), rs.value(cDebe), rs.value(cHaber),

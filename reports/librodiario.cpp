@@ -51,13 +51,7 @@ qint64 llenarLibroDiario(const QString& criterio, const Avance& avance) {
     for (; !rs.eof(); rs.moveNext()) {
         const QString cuenta = rs.value(cCuenta).toString();
         auto titulo = titulos.constFind(cuenta);
-        if (titulo == titulos.cend())
-            titulo = titulos.insert(
-                cuenta, Auxiliar::vBuscarCampo(
-                            QStringLiteral("Cuentas"), QStringLiteral("descripcion"),
-                            QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) +
-                                QStringLiteral(" AND cuenta = ") + sqlTexto(cuenta),
-                            QString()));
+        if (titulo == titulos.cend()) titulo = titulos.insert(cuenta, criterios::titulo(cuenta));
         relleno.anadir({rs.value(cFecha), rs.value(cDocumento), rs.value(cApunte), cuenta, *titulo,
                         rs.value(cConcepto), rs.value(cDebe), rs.value(cHaber)});
         if (avance)

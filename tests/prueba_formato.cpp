@@ -43,6 +43,19 @@ private Q_SLOTS:
                                       << "31";
         QTest::newRow("negative whole") << -1.5 << "0"
                                         << "-2";
+        // Whole cents take a shorter road than halves; both must agree with the rule above.
+        QTest::newRow("negative cents") << -1234.56 << "0.00"
+                                        << "-1234,56";
+        QTest::newRow("negative zero") << -0.0 << "0.00"
+                                       << "0,00";
+        QTest::newRow("cents of a sum") << 0.1 * 3 << "0.00"
+                                        << "0,30";
+        QTest::newRow("cents at four decimals") << 12.34 << "0.0000"
+                                                << "12,3400";
+        QTest::newRow("beyond the short road") << 1e14 << "0.00"
+                                               << "100000000000000,00";
+        QTest::newRow("near a half, not at it") << 0.0049999 << "0.00"
+                                                << "0,00";
     }
     void format() {
         QFETCH(double, valor);

@@ -40,24 +40,6 @@ bool esFecha(bool columnaFecha, const QVariant& v) {
     return t.size() == 8 && formato::IsNumeric(t);
 }
 
-bool esDecimal(const QVariant& v) {
-    return v.typeId() == QMetaType::Double || v.typeId() == QMetaType::Float;
-}
-
-bool esEntero(const QVariant& v) {
-    switch (v.typeId()) {
-        case QMetaType::Int:
-        case QMetaType::UInt:
-        case QMetaType::LongLong:
-        case QMetaType::ULongLong:
-        case QMetaType::Short:
-        case QMetaType::UShort:
-            return true;
-        default:
-            return false;
-    }
-}
-
 QString campoCsv(bool columnaFecha, const QVariant& v) {
     if (v.isNull()) return {};
     if (esDecimal(v)) return formato::Format(v.toDouble(), QStringLiteral("0.00"));

@@ -6,20 +6,27 @@
 
 namespace motor {
 
-Valor valorDe(const QVariant& v) {
+bool esDecimal(const QVariant& v) {
+    return v.typeId() == QMetaType::Double || v.typeId() == QMetaType::Float;
+}
+
+bool esEntero(const QVariant& v) {
     switch (v.typeId()) {
-        case QMetaType::Double:
-        case QMetaType::Float:
         case QMetaType::Int:
         case QMetaType::UInt:
         case QMetaType::LongLong:
         case QMetaType::ULongLong:
         case QMetaType::Short:
         case QMetaType::UShort:
-            return Valor::deNumero(v.toDouble());
+            return true;
         default:
-            return Valor::deTexto(v.isNull() ? QString() : v.toString());
+            return false;
     }
+}
+
+Valor valorDe(const QVariant& v) {
+    if (esDecimal(v) || esEntero(v)) return Valor::deNumero(v.toDouble());
+    return Valor::deTexto(v.isNull() ? QString() : v.toString());
 }
 
 QString importe(double valor) {

@@ -8,6 +8,10 @@
 // How the values of a report reach the page and the exports.
 namespace motor {
 
+// What a value of a row holds, by the type the store gave it.
+bool esDecimal(const QVariant& v);
+bool esEntero(const QVariant& v);
+
 // A value of a row: numbers stay numbers, everything else (and Null) a text.
 Valor valorDe(const QVariant& v);
 
