@@ -1381,25 +1381,7 @@ void prepararCarpeta(const QString& carpeta) {
     const QString sistema = programa::ruta(QStringLiteral("Dades/Sistema.db"));
     if (!QFile::exists(sistema)) {
         const Plantilla plantilla = leerPlantilla(QStringLiteral(SALDEVA_PLANTILLA_FUENTES));
-        const QString nuevo = sistema + QStringLiteral(".nuevo");
-        QFile::remove(nuevo);
-        {
-            Conexion c(QStringLiteral("Provider=SQLite;Data Source=") + nuevo);
-            c.asegurarEsquema(esquema::Almacen::Plantilla);
-            Transaccion t(c);
-            for (const auto& fila : plantilla.menus)
-                entidad::insertar(c, esquema::sysMenus, fila, {});
-            for (const auto& fila : plantilla.plan)
-                entidad::insertar(c, esquema::sysPlanContable, fila, {});
-            for (const auto& fila : plantilla.situacion)
-                entidad::insertar(c, esquema::sysSituacion, fila, {});
-            for (const auto& fila : plantilla.pergan)
-                entidad::insertar(c, esquema::sysPergan, fila, {});
-            t.commit();
-            c.execute(QStringLiteral("PRAGMA journal_mode = DELETE"));
-        }
-        if (!QFile::rename(nuevo, sistema))
-            throw Error(1, QStringLiteral("No se puede escribir ") + sistema);
+        escribirPlantilla(plantilla, sistema);
     }
     escribirSiFalta(QStringLiteral("Sistema.udl"),
                     "Provider=SQLite;Data Source=Dades/Sistema.db;Mode=Read\n");

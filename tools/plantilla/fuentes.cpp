@@ -1,5 +1,6 @@
 #include "fuentes.h"
 
+#include "data/almacen/conexion.h"
 #include "reports/estados.h"
 
 #include <QFile>
@@ -239,4 +240,27 @@ QStringList cuentasDePase(const QList<entidad::Valores>& plan) {
             cuentas << c;
     }
     return cuentas;
+}
+
+void escribirPlantilla(const Plantilla& plantilla, const QString& salida) {
+    const QString temporal = salida + QStringLiteral(".nuevo");
+    QFile::remove(temporal);
+    {
+        Conexion c(QStringLiteral("Provider=SQLite;Data Source=") + temporal);
+        c.asegurarEsquema(esquema::Almacen::Plantilla);
+        Transaccion t(c);
+        for (const auto& fila : plantilla.menus) entidad::insertar(c, esquema::sysMenus, fila, {});
+        for (const auto& fila : plantilla.plan)
+            entidad::insertar(c, esquema::sysPlanContable, fila, {});
+        for (const auto& fila : plantilla.situacion)
+            entidad::insertar(c, esquema::sysSituacion, fila, {});
+        for (const auto& fila : plantilla.pergan)
+            entidad::insertar(c, esquema::sysPergan, fila, {});
+        t.commit();
+        // A file that is only read needs no write-ahead log beside it.
+        c.execute(QStringLiteral("PRAGMA journal_mode = DELETE"));
+    }
+    QFile::remove(salida);
+    if (!QFile::rename(temporal, salida))
+        throw Error(1, QStringLiteral("No se puede escribir ") + salida);
 }

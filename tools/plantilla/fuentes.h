@@ -23,6 +23,10 @@ struct Plantilla {
 // hierarchy, folders without a form; accounts of digits only, each once.
 Plantilla leerPlantilla(const QString& carpeta);
 
+// Writes the template store file `salida` (SQLite) with the rows read, whole or not at all:
+// it is built beside the target and renamed at the end.
+void escribirPlantilla(const Plantilla& plantilla, const QString& salida);
+
 // What keeps the two statements whole, one line per fault (empty when they are right):
 // - every account a company can post to in groups 1 to 7 (each four-digit extension of a
 //   three-digit account, and each four-digit account of the chart) reached by exactly one

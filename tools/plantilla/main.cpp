@@ -27,27 +27,7 @@ int main(int argc, char* argv[]) {
         const Plantilla plantilla = leerPlantilla(fuentes);
         if (const QStringList problemas = problemasDeLosEstados(plantilla); !problemas.isEmpty())
             throw Error(1, problemas.join(u'\n'));
-        const QString temporal = salida + QStringLiteral(".nuevo");
-        QFile::remove(temporal);
-        {
-            Conexion c(QStringLiteral("Provider=SQLite;Data Source=") + temporal);
-            c.asegurarEsquema(esquema::Almacen::Plantilla);
-            Transaccion t(c);
-            for (const auto& fila : plantilla.menus)
-                entidad::insertar(c, esquema::sysMenus, fila, {});
-            for (const auto& fila : plantilla.plan)
-                entidad::insertar(c, esquema::sysPlanContable, fila, {});
-            for (const auto& fila : plantilla.situacion)
-                entidad::insertar(c, esquema::sysSituacion, fila, {});
-            for (const auto& fila : plantilla.pergan)
-                entidad::insertar(c, esquema::sysPergan, fila, {});
-            t.commit();
-            // A file that is only read needs no write-ahead log beside it.
-            c.execute(QStringLiteral("PRAGMA journal_mode = DELETE"));
-        }
-        QFile::remove(salida);
-        if (!QFile::rename(temporal, salida))
-            throw Error(1, QStringLiteral("No se puede escribir ") + salida);
+        escribirPlantilla(plantilla, salida);
         std::printf(
             "plantilla: %lld menús, %lld cuentas, %lld líneas de balance, %lld de pérdidas y "
             "ganancias\n",
