@@ -29,43 +29,31 @@ Extracto criterioExtracto(const CriteriosExtracto& c) {
 }
 
 qint64 llenarExtractos(const Extracto& e, const Avance& avance) {
-    // The lines as the entity class lists them, only the columns the table takes: a long
-    // read costs by its values.
-    Recordset rs = Auxiliar::GetListExt(
-        *sesion_conexion, QStringLiteral("Apuntes"),
+    // Each account's balance brought forward and title, looked up when its lines begin.
+    QString ultimaCuenta;
+    double saldoAnterior = 0;
+    QVariant titulo;
+    return llenarDesdeApuntes(
+        e.criterio,
         QStringLiteral("cuenta, codigo_diario, fecha_apunte, numero_documento, numero_apunte, "
                        "concepto, debe, haber"),
-        e.criterio, QString(), QString(), QStringLiteral("cuenta"), Cursor::Secuencial);
-    if (rs.eof()) return 0;
-    const qint64 total = avance ? rs.recordCount() : -1;
-    if (avance) avance(0, total);
-    Relleno relleno(*sesion_temporal, esquema::Extractos);
-    QString ultimaCuenta;
-    QVariant saldoAnterior, titulo;
-    qint64 n = 0;
-    const auto i = [&rs](const char* campo) { return rs.indice(QString::fromLatin1(campo)); };
-    const int cCuenta = i("cuenta"), cDiario = i("codigo_diario"), cFecha = i("fecha_apunte"),
-              cDocumento = i("numero_documento"), cApunte = i("numero_apunte"),
-              cConcepto = i("concepto"), cDebe = i("debe"), cHaber = i("haber");
-    for (; !rs.eof(); rs.moveNext()) {
-        const QString cuenta = rs.value(cCuenta).toString();
-        if (cuenta != ultimaCuenta) {
-            ultimaCuenta = cuenta;
-            saldoAnterior = Auxiliar::vBuscarCampo(
-                QStringLiteral("Apuntes"), QStringLiteral("SUM(debe-haber) AS saldo_anterior"),
-                e.criterioAnterior + QStringLiteral(" AND cuenta = ") + sqlTexto(cuenta), 0);
-            titulo = criterios::titulo(cuenta);
-        }
-        relleno.anadir({cuenta, rs.value(cDiario), rs.value(cFecha), rs.value(cDocumento),
-                        rs.value(cApunte), rs.value(cConcepto), rs.value(cDebe), rs.value(cHaber),
-                        saldoAnterior.toDouble(), titulo});
-        if (avance)
-            avance(++n, total);
-        else
-            ++n;
-    }
-    relleno.terminar();
-    return n;
+        esquema::Extractos,
+        [&](const Recordset& rs) -> QVariantList {
+            const QString cuenta = rs.value(0).toString();
+            if (cuenta != ultimaCuenta) {
+                ultimaCuenta = cuenta;
+                saldoAnterior =
+                    Auxiliar::vBuscarCampo(
+                        QStringLiteral("Apuntes"),
+                        QStringLiteral("SUM(debe-haber) AS saldo_anterior"),
+                        e.criterioAnterior + QStringLiteral(" AND cuenta = ") + sqlTexto(cuenta), 0)
+                        .toDouble();
+                titulo = criterios::titulo(cuenta);
+            }
+            return {cuenta,      rs.value(1), rs.value(2), rs.value(3),   rs.value(4),
+                    rs.value(5), rs.value(6), rs.value(7), saldoAnterior, titulo};
+        },
+        avance);
 }
 
 QStringList formulasExtracto(const CriteriosExtracto& c) {

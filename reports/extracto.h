@@ -1,8 +1,9 @@
 #pragma once
 
+#include "temporal.h"
+
 #include <QString>
 #include <QStringList>
-#include <functional>
 
 // The account statement without its window: the criteria as typed, the two criteria texts,
 // the filling of Extractos and what the print is told. The form and the headless runner both
@@ -24,7 +25,6 @@ Extracto criterioExtracto(const CriteriosExtracto& c);
 // Empties and fills Extractos from the period's lines, each with its account's balance before
 // the period and its title; gives the number of lines, and when there are none leaves the
 // table as it was. `avance` is told each line written and the total first.
-using Avance = std::function<void(qint64 hecho, qint64 total)>;
 qint64 llenarExtractos(const Extracto& e, const Avance& avance = {});
 
 QStringList formulasExtracto(const CriteriosExtracto& c);

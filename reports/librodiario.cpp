@@ -29,38 +29,23 @@ QString criterioLibroDiario(const CriteriosLibroDiario& c) {
 }
 
 qint64 llenarLibroDiario(const QString& criterio, const Avance& avance) {
-    // The lines as the entity class lists them, only the columns the table takes: a long
-    // read costs by its values.
-    Recordset rs = Auxiliar::GetListExt(
-        *sesion_conexion, QStringLiteral("Apuntes"),
-        QStringLiteral(
-            "cuenta, fecha_apunte, numero_documento, numero_apunte, concepto, debe, haber"),
-        criterio, QString(), QString(), QStringLiteral("cuenta"), Cursor::Secuencial);
-    if (rs.eof()) return 0;
-    const qint64 total = avance ? rs.recordCount() : -1;
-    if (avance) avance(0, total);
-    Relleno relleno(*sesion_temporal, esquema::LibroDiario);
     // Each account's title is looked up once per run: a book repeats a few hundred accounts
     // over its lines.
     QHash<QString, QVariant> titulos;
-    qint64 n = 0;
-    const auto i = [&rs](const char* campo) { return rs.indice(QString::fromLatin1(campo)); };
-    const int cCuenta = i("cuenta"), cFecha = i("fecha_apunte"), cDocumento = i("numero_documento"),
-              cApunte = i("numero_apunte"), cConcepto = i("concepto"), cDebe = i("debe"),
-              cHaber = i("haber");
-    for (; !rs.eof(); rs.moveNext()) {
-        const QString cuenta = rs.value(cCuenta).toString();
-        auto titulo = titulos.constFind(cuenta);
-        if (titulo == titulos.cend()) titulo = titulos.insert(cuenta, criterios::titulo(cuenta));
-        relleno.anadir({rs.value(cFecha), rs.value(cDocumento), rs.value(cApunte), cuenta, *titulo,
-                        rs.value(cConcepto), rs.value(cDebe), rs.value(cHaber)});
-        if (avance)
-            avance(++n, total);
-        else
-            ++n;
-    }
-    relleno.terminar();
-    return n;
+    return llenarDesdeApuntes(
+        criterio,
+        QStringLiteral(
+            "cuenta, fecha_apunte, numero_documento, numero_apunte, concepto, debe, haber"),
+        esquema::LibroDiario,
+        [&](const Recordset& rs) -> QVariantList {
+            const QString cuenta = rs.value(0).toString();
+            auto titulo = titulos.constFind(cuenta);
+            if (titulo == titulos.cend())
+                titulo = titulos.insert(cuenta, criterios::titulo(cuenta));
+            return {rs.value(1), rs.value(2), rs.value(3), cuenta,
+                    *titulo,     rs.value(4), rs.value(5), rs.value(6)};
+        },
+        avance);
 }
 
 QStringList formulasLibroDiario(const CriteriosLibroDiario& c) {

@@ -1,5 +1,8 @@
 #include "temporal.h"
 
+#include "data/auxiliar.h"
+#include "data/global.h"
+
 #include <QHash>
 
 namespace {
@@ -44,4 +47,25 @@ void Relleno::terminar() {
 
 quint64 generacionTemporal(const QString& tabla) {
     return generaciones().value(tabla.toLower());
+}
+
+qint64 llenarDesdeApuntes(const QString& criterio, const QString& columnas,
+                          const esquema::Tabla& tabla,
+                          const std::function<QVariantList(const Recordset&)>& fila,
+                          const Avance& avance) {
+    Recordset rs =
+        Auxiliar::GetListExt(*sesion_conexion, QStringLiteral("Apuntes"), columnas, criterio,
+                             QString(), QString(), QStringLiteral("cuenta"), Cursor::Secuencial);
+    if (rs.eof()) return 0;
+    const qint64 total = avance ? rs.recordCount() : -1;
+    if (avance) avance(0, total);
+    Relleno relleno(*sesion_temporal, tabla);
+    qint64 n = 0;
+    for (; !rs.eof(); rs.moveNext()) {
+        relleno.anadir(fila(rs));
+        ++n;
+        if (avance) avance(n, total);
+    }
+    relleno.terminar();
+    return n;
 }

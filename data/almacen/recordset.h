@@ -35,9 +35,6 @@ public:
     QVariant value(int indice) const;
     QVariant operator[](const QString& campo) const { return value(campo); }
 
-    // The position of a field in the read, for loops that walk many rows: the name is looked
-    // up once, not per row. A name that is not a column of the read is a failure.
-    int indice(const QString& campo) const { return indiceDe(campo); }
     int fieldCount() const;
     QString fieldName(int indice) const;
     void close();
