@@ -1,10 +1,11 @@
 #include "data/almacen/programa.h"
 #include "data/arranque.h"
+#include "forms/idioma.h"
 #include "forms/msgbox.h"
-#include "session/principal.h"
-#include "session/sesion.h"
 #include "posting/formularios_asientos.h"
 #include "reports/formularios_informes.h"
+#include "session/principal.h"
+#include "session/sesion.h"
 #include "setup/formularios_empresa.h"
 
 #include <QApplication>
@@ -14,6 +15,7 @@ int main(int argc, char* argv[]) {
     QApplication aplicacion(argc, argv);
     QApplication::setApplicationName(tituloAplicacion());
     QApplication::setApplicationVersion(QStringLiteral(SALDEVA_VERSION));
+    idioma::instalarEspanol();
     programa::establecerCarpeta(QApplication::applicationDirPath());
     QApplication::setWindowIcon(QIcon(programa::ruta(QStringLiteral("icons16/saldeva.ico"))));
     registrarFormulariosSesion();

@@ -113,15 +113,33 @@ QString textoDouble(double valor) {
 }
 
 std::optional<double> leerNumero(const QString& texto) {
-    static const QRegularExpression patron(
-        QStringLiteral(R"(^\s*[+-]?(\d+([.,]\d*)?|[.,]\d+)([Ee][+-]?\d+)?\s*$)"));
-    if (!patron.match(texto).hasMatch()) return std::nullopt;
-    QString limpio = texto.trimmed();
-    limpio.replace(u',', u'.');
+    // Either mark alone is the decimal mark. With both, the last one is the decimal mark and
+    // the other separates thousands, in groups of three ("1.210,00", "1,210.00").
+    static const QRegularExpression patron(QStringLiteral(
+        R"(^\s*([+-]?)(\d+([.,]\d*)?|[.,]\d+|\d{1,3}(?:([.,])\d{3})+(?!\4)[.,]\d*)([Ee][+-]?\d+)?\s*$)"));
+    const QRegularExpressionMatch m = patron.match(texto);
+    if (!m.hasMatch()) return std::nullopt;
+    QString cuerpo = m.captured(2);
+    if (const QString miles = m.captured(4); !miles.isEmpty()) cuerpo.remove(miles.front());
+    cuerpo.replace(u',', u'.');
     bool ok = false;
-    const double valor = limpio.toDouble(&ok);
+    const double valor = (m.captured(1) + cuerpo + m.captured(5)).toDouble(&ok);
     if (!ok) return std::nullopt;
     return valor;
+}
+
+std::optional<double> leerImporte(const QString& texto) {
+    const std::optional<double> valor = leerNumero(texto);
+    if (!valor || !std::isfinite(*valor)) return std::nullopt;
+    // Whole cents, whatever the form typed ("100,50", "100,500", "1E2"): a fraction of a cent
+    // would be stored although every book shows the amount rounded.
+    const double centimos = *valor * 100;
+    if (std::fabs(centimos) >= 1e15) return std::nullopt;
+    const double enteros = std::nearbyint(centimos);
+    // A true number of cents misses its whole number only by the rounding of the product,
+    // a few parts in 10^16; a residue such as 5,7E-14 is no amount at all.
+    if (std::fabs(centimos - enteros) > std::fabs(enteros) * 1e-12) return std::nullopt;
+    return enteros / 100;
 }
 
 bool IsNumeric(const QString& texto) {

@@ -7,8 +7,7 @@
 // Numbers and dates as the screens and the SQL text of the system write and read them.
 //
 // On screen an amount shows a decimal comma (121,00); a typed number is read with either a
-// comma or a point as its decimal mark, without thousands separators. In SQL text a number
-// always has a point.
+// comma or a point as its decimal mark. In SQL text a number always has a point.
 namespace formato {
 
 // Format(valor, "0.00") and kin: as many decimals as zeros after the point of the pattern,
@@ -22,8 +21,11 @@ QString textoDouble(double valor);
 
 // A typed number: blanks around it, an optional sign, digits with one comma or point, and
 // an optional exponent, so that an amount shown as a residue ("5,6843418860808E-14") reads
-// back. Anything else is not a number.
+// back. A Spanish "1.210,00" (or "1,210.00") reads too: with both marks, the last one is the
+// decimal mark and the other separates groups of three digits. Anything else is not a number.
 std::optional<double> leerNumero(const QString& texto);
+// A typed amount: a number of whole cents ("100,555" is not one), given exactly in cents.
+std::optional<double> leerImporte(const QString& texto);
 bool IsNumeric(const QString& texto);
 
 // The leading number of a text, read permissively: "12345678Z" gives 12345678, "1234E5Z"

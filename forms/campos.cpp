@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiSubWindow>
 #include <QTimer>
 
 void EventosCampos::vigilar(QWidget* control, int indice) {
@@ -38,6 +39,14 @@ bool esIntro(QEvent* evento) {
     const int tecla = static_cast<QKeyEvent*>(evento)->key();
     return tecla == Qt::Key_Return || tecla == Qt::Key_Enter;
 }
+
+// The window a control belongs to: its form inside the main window's area, or its own window.
+QWidget* formaDe(QWidget* control) {
+    QWidget* w = control;
+    while (w->parentWidget() && !w->isWindow() && !qobject_cast<QMdiSubWindow*>(w->parentWidget()))
+        w = w->parentWidget();
+    return w;
+}
 }  // namespace
 
 bool EventosCampos::eventFilter(QObject* objeto, QEvent* evento) {
@@ -62,6 +71,21 @@ bool EventosCampos::eventFilter(QObject* objeto, QEvent* evento) {
         case QEvent::FocusIn: {
             if (control == devolviendo_) devolviendo_.clear();
             if (objeto != control) return false;
+            // Back from the menu or another window: the field left unchecked is checked now,
+            // and keeps the focus if it fails again.
+            if (QPointer<QWidget> aplazado = std::exchange(aplazado_, nullptr)) {
+                const int i = indices_.value(aplazado, -1);
+                if (i >= 0 && m_.validar && !m_.validar(i)) {
+                    if (aplazado != control) {
+                        devolviendo_ = aplazado;
+                        QTimer::singleShot(0, aplazado, [aplazado] {
+                            if (aplazado) aplazado->setFocus(Qt::OtherFocusReason);
+                        });
+                    }
+                    return false;
+                }
+                if (i >= 0 && m_.salir) m_.salir(i);
+            }
             if (m_.foco) m_.foco(indice);
             // After the click that gave the focus, which would otherwise place the cursor.
             if (auto* texto = qobject_cast<QLineEdit*>(control))
@@ -73,6 +97,13 @@ bool EventosCampos::eventFilter(QObject* objeto, QEvent* evento) {
             const auto razon = static_cast<QFocusEvent*>(evento)->reason();
             if (razon == Qt::ActiveWindowFocusReason || razon == Qt::PopupFocusReason) return false;
             if (devolviendo_) return false;  // the focus is on its way back to a refused field
+            // Going to the menu or to another window is always possible: the field is checked
+            // when the focus comes back into its form, not now.
+            QWidget* destino = QApplication::focusWidget();
+            if (!destino || formaDe(destino) != formaDe(control)) {
+                aplazado_ = control;
+                return false;
+            }
             if (m_.validar && !m_.validar(indice)) {
                 devolviendo_ = control;
                 QTimer::singleShot(0, control,

@@ -14,8 +14,9 @@ class QWidget;
 // changing, double click, and the lookup key F10. Enter moves on like Tab, so that a form is
 // worked from the keyboard.
 //
-// Leaving is leaving for another control of the same window: a message box, a lookup window or
-// a switch to another window does not validate the field.
+// Leaving is leaving for another control of the same form: a message box, a lookup window, the
+// menu or another form does not validate the field then; it is validated when the focus comes
+// back into the form, so that a refused field never holds the user inside its form.
 class EventosCampos : public QObject {
     Q_OBJECT
 public:
@@ -48,6 +49,7 @@ private:
     QHash<QObject*, int> indices_;
     QSet<QObject*> soloIntro_;
     QPointer<QWidget> devolviendo_;  // the field the focus is being sent back to
+    QPointer<QWidget> aplazado_;     // a field left for another window, not yet checked
 };
 
 // The label's caption without its accelerator mark and its colon: the accessible name of the

@@ -23,6 +23,11 @@ QPointer<QMdiArea>& areaActual() {
     return a;
 }
 
+QPointer<QWidget>& reservada() {
+    static QPointer<QWidget> v;
+    return v;
+}
+
 // Standalone forms (no MDI area) are found among the top-level widgets.
 QList<Formulario*> sueltos() {
     QList<Formulario*> lista;
@@ -114,6 +119,17 @@ Formulario* abrir(const QString& nombre) {
         return nullptr;
     }
     return formulario;
+}
+
+void reservarIzquierda(QWidget* ventana) {
+    reservada() = ventana;
+}
+
+int margenIzquierdo(const QWidget* ventana) {
+    const QWidget* r = reservada();
+    if (!r || r == ventana || !r->isVisible() || r->parentWidget() != ventana->parentWidget())
+        return 0;
+    return r->geometry().right() + 1;
 }
 
 void cerrarTodos() {

@@ -6,6 +6,7 @@
 
 class Formulario;
 class QMdiArea;
+class QWidget;
 
 // The forms of the program by name: the one way the menu opens a form. Each subsystem
 // registers its forms once at start; a form opens inside the main window's MDI area, or as a
@@ -31,6 +32,12 @@ void mostrar(Formulario* formulario);
 // name does nothing (a folder of the menu). A name without a form, or a form that fails to
 // open, shows a critical message and gives nullptr; the program goes on.
 Formulario* abrir(const QString& nombre);
+
+// A window that new forms do not cover when they first open (the menu at the area's left):
+// they start right of it, as far as the area's width allows.
+void reservarIzquierda(QWidget* ventana);
+// The x where a new window of the area starts: right of the reserved one, or 0.
+int margenIzquierdo(const QWidget* ventana);
 
 // Unloads every open form, each writing its geometry.
 void cerrarTodos();

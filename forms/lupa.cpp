@@ -190,9 +190,24 @@ bool frmLupa::eventFilter(QObject* objeto, QEvent* evento) {
     return Formulario::eventFilter(objeto, evento);
 }
 
+void frmLupa::junto(const QWidget* campo) {
+    campo_ = campo;
+}
+
 void frmLupa::showEvent(QShowEvent* evento) {
     Formulario::showEvent(evento);
-    if (forma_.isValid()) ventana()->setGeometry(std::exchange(forma_, QRect()));
+    QWidget* marco = ventana();
+    if (forma_.isValid()) marco->setGeometry(std::exchange(forma_, QRect()));
+    QWidget* fondo = marco->parentWidget();
+    if (!campo_ || !fondo) return;
+    const QRect sitio(campo_->mapTo(fondo, QPoint(0, 0)), campo_->size());
+    QRect g = marco->geometry();
+    g.moveTopLeft(sitio.bottomLeft() + QPoint(0, 1));
+    if (g.bottom() > fondo->height() && sitio.top() - g.height() >= 0)
+        g.moveBottom(sitio.top() - 1);
+    g.moveLeft(qMax(0, qMin(g.x(), fondo->width() - g.width())));
+    g.moveTop(qMax(0, qMin(g.y(), fondo->height() - g.height())));
+    marco->setGeometry(g);
 }
 
 void frmLupa::closeEvent(QCloseEvent* evento) {
@@ -241,6 +256,7 @@ void MostrarLupa(QWidget* formulario) {
         delete lupa;
         return;
     }
+    lupa->junto(activo);
     formularios::mostrar(lupa);
     lupa->lista()->setFocus();
 }

@@ -2,6 +2,8 @@
 
 #include "formulario.h"
 
+#include <QPointer>
+
 class ListaClaves;
 class QLineEdit;
 
@@ -25,6 +27,9 @@ public:
     const QString& consulta() const { return sql_; }
     // Writes the selected row's value into the calling field and closes.
     void elegir();
+    // The window opens just under the field (above it when there is no room below), with the
+    // size that Listas.ini keeps.
+    void junto(const QWidget* campo);
 
 protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
@@ -38,9 +43,10 @@ private:
     QLineEdit* parametros_;
     ListaClaves* lista_;
     QString tabla_, columna_, sql_;
-    QStringList columnas_;  // the column of each list column, as Fields names it
-    QRect forma_;           // the window's place, from Listas.ini
-    int resultado_ = -1;    // the list column of the tag's column; -1 when it is not listed
+    QStringList columnas_;           // the column of each list column, as Fields names it
+    QRect forma_;                    // the window's place, from Listas.ini
+    QPointer<const QWidget> campo_;  // the field the window opens beside
+    int resultado_ = -1;  // the list column of the tag's column; -1 when it is not listed
 };
 
 // Opens the lookup of the field that has the focus in `formulario`, narrowed to the codes that

@@ -64,6 +64,12 @@ frmLogin::frmLogin(QWidget* padre) : QDialog(padre) {
     lista_->columnas({QStringLiteral("Ejercicio"), QStringLiteral("Cerrado")}, {110, 90});
     rejilla->addWidget(lista_, 3, 0, 1, 3);
 
+    motivo_ = new QLabel(this);
+    motivo_->setObjectName(QStringLiteral("lblMotivo"));
+    motivo_->setWordWrap(true);
+    motivo_->setStyleSheet(QStringLiteral("color: #b00000;"));
+    rejilla->addWidget(motivo_, 4, 0, 1, 3);
+
     auto* botones = new QDialogButtonBox(this);
     ok_ = botones->addButton(QStringLiteral("Aceptar"), QDialogButtonBox::AcceptRole);
     ok_->setObjectName(QStringLiteral("cmdOK"));
@@ -71,7 +77,7 @@ frmLogin::frmLogin(QWidget* padre) : QDialog(padre) {
     cancelar_->setObjectName(QStringLiteral("cmdCancel"));
     ok_->setEnabled(false);
     ok_->setDefault(true);
-    rejilla->addWidget(botones, 4, 0, 1, 3);
+    rejilla->addWidget(botones, 5, 0, 1, 3);
 
     connect(ok_, &QPushButton::clicked, this, [this] { aceptar(); });
     connect(cancelar_, &QPushButton::clicked, this, [this] { cancelar(); });
@@ -88,13 +94,16 @@ frmLogin::frmLogin(QWidget* padre) : QDialog(padre) {
     cajas_->manejadores({
         .foco =
             [this](int i) {
-                // The branches always follow the company chosen.
-                if (i != 1) return;
+                // The branches always follow the company chosen. They are loaded again only
+                // for another company: the focus also comes back here when the list closes,
+                // before the branch picked in it is taken, and a new list would lose it.
+                if (i != 1 || cmb_[0]->currentText() == empresaDelegaciones_) return;
+                empresaDelegaciones_ = cmb_[0]->currentText();
                 const QString texto = cmb_[1]->currentText();
                 cajas_->silencio = true;
                 cmb_[1]->clear();
                 Protegido([&] {
-                    cmb_[1]->addItems(CargarDelegaciones(*sesion_conexion, cmb_[0]->currentText()));
+                    cmb_[1]->addItems(CargarDelegaciones(*sesion_conexion, empresaDelegaciones_));
                 });
                 cmb_[1]->setEditText(texto);
                 cajas_->silencio = false;
@@ -121,6 +130,7 @@ bool frmLogin::mantenimiento() const {
 
 void frmLogin::alCambiarTexto() {
     lista_->limpiar();
+    motivo_->clear();
     ok_->setEnabled(mantenimiento());
 }
 
@@ -143,12 +153,19 @@ void frmLogin::validar() {
         return;
     try {
         if (!UsuariosDelegaciones::ValidarUsuario(*sesion_conexion, empresa, delegacion, usuario,
-                                                  contrasena))
+                                                  contrasena)) {
+            motivo_->setText(motivoRechazo(empresa, delegacion, usuario, contrasena));
             return;
+        }
         lista_->limpiar();
         Recordset ejercicios = Ejercicios::GetList(
             *sesion_conexion, QStringLiteral("codigo_empresa = ") + sqlTexto(empresa), {});
-        if (ejercicios.eof()) return;
+        if (ejercicios.eof()) {
+            motivo_->setText(
+                QStringLiteral("La empresa %1 no tiene ningún ejercicio.").arg(empresa));
+            return;
+        }
+        motivo_->clear();
         for (; !ejercicios.eof(); ejercicios.moveNext()) {
             const QString ejercicio = NzTexto(ejercicios.value("ejercicio")).trimmed();
             lista_->agregar(QStringLiteral("K") + ejercicio,
@@ -160,6 +177,30 @@ void frmLogin::validar() {
         // As at start-up, a store that fails here is reported by one message for all causes.
         MsgBox(QStringLiteral("Error al abrir la conexión."), Icono::Critico);
     }
+}
+
+// Why the four fields do not open a session, in the order a user would check them. The
+// password is not told apart from the user: either may be the one mistyped.
+QString frmLogin::motivoRechazo(const QString& empresa, const QString& delegacion,
+                                const QString& usuario, const QString& contrasena) const {
+    const auto hay = [](const QString& tabla, const QString& condicion) {
+        return Auxiliar::vBuscarCampo(tabla, QStringLiteral("1"), condicion, QStringLiteral("#"))
+                   .toString() != u"#";
+    };
+    const QString deEmpresa = QStringLiteral("codigo_empresa = ") + sqlTexto(empresa);
+    if (!hay(QStringLiteral("Usuarios"), QStringLiteral("codigo_usuario = ") + sqlTexto(usuario) +
+                                             QStringLiteral(" AND contraseña = ") +
+                                             sqlTexto(contrasena)))
+        return QStringLiteral("Usuario o contraseña incorrectos.");
+    if (!hay(QStringLiteral("Empresas"), deEmpresa))
+        return QStringLiteral("No existe la empresa %1.").arg(empresa);
+    if (!hay(QStringLiteral("Delegaciones"),
+             deEmpresa + QStringLiteral(" AND codigo_delegacion = ") + sqlTexto(delegacion)))
+        return QStringLiteral("La empresa %1 no tiene la delegación %2.").arg(empresa, delegacion);
+    return QStringLiteral(
+               "El usuario %1 no tiene acceso a la delegación %2 de la empresa %3 "
+               "(Usuarios y permisos → Grupos de usuarios).")
+        .arg(usuario, delegacion, empresa);
 }
 
 void frmLogin::aceptar() {

@@ -23,11 +23,13 @@ Declaracion declaracionUsuarios() {
         {.etiqueta = QStringLiteral("&Código:"),
          .columna = QStringLiteral("codigo_usuario"),
          .obligatorio = true,
-         .ancho = 20},
+         .ancho = 20,
+         .normalizar = mayusculas},
         {.etiqueta = QStringLiteral("C&ontraseña:"),
          .columna = QStringLiteral("contraseña"),
          .obligatorio = true,
-         .ancho = 20},
+         .ancho = 20,
+         .normalizar = mayusculas},
     };
     d.columnas = {{QStringLiteral("Código"), QStringLiteral("codigo_usuario"), 140},
                   {QStringLiteral("Contraseña"), QStringLiteral("contraseña"), 140}};

@@ -64,13 +64,16 @@ frmUsuariosDelegaciones::frmUsuariosDelegaciones()
     rejilla->addWidget(permitidos_, 3, 2);
 
     auto* botones = new QVBoxLayout;
+    QList<QWidget*> orden{disponibles_};
     const auto boton = [&](const char* nombre, const char* texto, const char* ayuda, auto accion) {
         auto* b = new QPushButton(QString::fromUtf8(texto), this);
         b->setObjectName(QString::fromUtf8(nombre));
         b->setAccessibleName(QString::fromUtf8(ayuda));
         b->setToolTip(QString::fromUtf8(ayuda));
         connect(b, &QPushButton::clicked, this, accion);
+        b->setFocusPolicy(Qt::StrongFocus);
         botones->addWidget(b);
+        orden << b;
     };
     botones->addStretch();
     boton("btnAñadir", ">", "Dar acceso al usuario", [this] { anadir(); });
@@ -83,6 +86,10 @@ frmUsuariosDelegaciones::frmUsuariosDelegaciones()
     rejilla->addWidget(disponibles_, 3, 0);
     rejilla->setColumnStretch(0, 1);
     rejilla->setColumnStretch(2, 1);
+    // Tab walks the screen as it reads: the users without access, the buttons that move them,
+    // the users with access.
+    orden << permitidos_;
+    for (int i = 1; i < orden.size(); ++i) setTabOrder(orden[i - 1], orden[i]);
 
     disponibles->alElegir = [this] { anadir(); };
     permitidos->alElegir = [this] { descartar(); };

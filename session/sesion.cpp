@@ -32,6 +32,7 @@ void abrirMenu() {
     formularios::mostrar(menu_);
     const QSize cliente = principal_->area()->viewport()->size();
     menu_->ventana()->setGeometry(0, 0, int(cliente.width() * 0.2), cliente.height());
+    formularios::reservarIzquierda(menu_->ventana());
 }
 
 }  // namespace

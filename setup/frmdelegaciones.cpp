@@ -20,7 +20,8 @@ Declaracion declaracionDelegaciones() {
     d.campos = {{.etiqueta = QStringLiteral("&Código:"),
                  .columna = QStringLiteral("codigo_delegacion"),
                  .obligatorio = true,
-                 .ancho = 14}};
+                 .ancho = 14,
+                 .normalizar = mayusculas}};
     d.campos += camposDireccion();
     d.columnas = {{QStringLiteral("Código"), QStringLiteral("codigo_delegacion"), 90},
                   {QStringLiteral("Nombre"), QStringLiteral("nombre"), 300}};

@@ -8,8 +8,10 @@
 #include "session/frmlogin.h"
 #include "session/frmusuariosdelegaciones.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDate>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -89,51 +91,67 @@ private Q_SLOTS:
         escribir(f.txt(1), "CLAV");
         QVERIFY(!f.cmdOK()->isEnabled());
         QCOMPARE(f.ListViewLogin()->filas(), 0);
-        QCOMPARE(buzon.textos, QStringList());  // a wrong login is never told
+        QCOMPARE(buzon.textos, QStringList());
     }
 
+    // Who gets in, and what the login says when it cannot go on with its four fields filled.
     void validarUsuario_data() {
         QTest::addColumn<QString>("usuario");
         QTest::addColumn<QString>("contrasena");
         QTest::addColumn<QString>("empresa");
         QTest::addColumn<QString>("delegacion");
         QTest::addColumn<bool>("aceptado");
+        QTest::addColumn<QString>("motivo");
+        const QString claves = QStringLiteral("Usuario o contraseña incorrectos.");
         QTest::newRow("right password") << "ANA"
                                         << "CLAVE"
                                         << "EMP"
-                                        << "EMP" << true;
+                                        << "EMP" << true << "";
         QTest::newRow("wrong password") << "ANA"
                                         << "CLAVES"
                                         << "EMP"
-                                        << "EMP" << false;
+                                        << "EMP" << false << claves;
         QTest::newRow("unknown user") << "EVA"
                                       << "CLAVE"
                                       << "EMP"
-                                      << "EMP" << false;
-        QTest::newRow("branch not allowed") << "ANA"
-                                            << "CLAVE"
-                                            << "EMP"
-                                            << "SUR" << false;
+                                      << "EMP" << false << claves;
+        QTest::newRow("branch not allowed")
+            << "ANA"
+            << "CLAVE"
+            << "EMP"
+            << "SUR" << false
+            << "El usuario ANA no tiene acceso a la delegación SUR de la empresa EMP (Usuarios "
+               "y permisos → Grupos de usuarios).";
         QTest::newRow("unknown company") << "ANA"
                                          << "CLAVE"
                                          << "OTRA"
-                                         << "EMP" << false;
+                                         << "EMP" << false << "No existe la empresa OTRA.";
+        QTest::newRow("unknown branch")
+            << "ANA"
+            << "CLAVE"
+            << "EMP"
+            << "NORTE" << false << "La empresa EMP no tiene la delegación NORTE.";
         QTest::newRow("everything typed in lower case") << "ana"
                                                         << "clave"
                                                         << "emp"
-                                                        << "emp" << true;
+                                                        << "emp" << true << "";
         QTest::newRow("user stored in lower case") << "luis"
                                                    << "CLAVE"
                                                    << "EMP"
-                                                   << "EMP" << false;
+                                                   << "EMP" << false << claves;
         QTest::newRow("password stored in lower case") << "PEPE"
                                                        << "secreto"
                                                        << "EMP"
-                                                       << "EMP" << false;
+                                                       << "EMP" << false << claves;
         QTest::newRow("apostrophe in the password") << "ANA"
                                                     << "' OR ''='"
                                                     << "EMP"
-                                                    << "EMP" << false;
+                                                    << "EMP" << false << claves;
+        QTest::newRow("company without a year")
+            << "ANA"
+            << "CLAVE"
+            << "EMP"
+            << "EMP" << false << "La empresa EMP no tiene ningún ejercicio.";
     }
     void validarUsuario() {
         QFETCH(QString, usuario);
@@ -141,11 +159,55 @@ private Q_SLOTS:
         QFETCH(QString, empresa);
         QFETCH(QString, delegacion);
         QFETCH(bool, aceptado);
+        QFETCH(QString, motivo);
         crearUsuario("luis", "CLAVE", {"EMP"});
         crearUsuario("PEPE", "secreto", {"EMP"});
+        if (QByteArray(QTest::currentDataTag()) == "company without a year")
+            sesion_conexion->execute("DELETE FROM Ejercicios");
         Buzon buzon;
-        QCOMPARE(acepta({usuario, contrasena, empresa, delegacion}), aceptado);
-        QCOMPARE(buzon.textos, QStringList());
+        frmLogin f;
+        activar(&f);
+        rellenar(f, {usuario, contrasena, empresa, delegacion});
+        QCOMPARE(f.cmdOK()->isEnabled() && f.ListViewLogin()->filas() == 1, aceptado);
+        QCOMPARE(f.lblMotivo()->text(), motivo);
+        QCOMPARE(buzon.textos, QStringList());  // said on the dialog, never in a box
+        // Correcting a field takes the reason away.
+        escribir(f.txt(1), "X");
+        QCOMPARE(f.lblMotivo()->text(), QString());
+    }
+
+    // The branch chosen from the box's list stays in the box, by keyboard and by mouse.
+    void delegacionElegidaDeLaLista_data() {
+        QTest::addColumn<bool>("conRaton");
+        QTest::newRow("Enter") << false;
+        QTest::newRow("mouse") << true;
+    }
+    void delegacionElegidaDeLaLista() {
+        QFETCH(bool, conRaton);
+        frmLogin f;
+        activar(&f);
+        teclear(f.txt(0), "ana");
+        teclear(f.txt(1), "clave");
+        teclear(f.cmb(0)->lineEdit(), "emp");
+        QComboBox* caja = f.cmb(1);
+        QTRY_VERIFY(caja->hasFocus());
+        QCOMPARE(caja->count(), 2);  // EMP and SUR
+        caja->showPopup();
+        QAbstractItemView* vista = caja->view();
+        QTRY_VERIFY(vista->isVisible());
+        const QModelIndex primera = vista->model()->index(0, 0);
+        vista->setCurrentIndex(primera);
+        if (conRaton) {
+            const QPoint punto = vista->visualRect(primera).center();
+            QTest::mouseClick(vista->viewport(), Qt::LeftButton, {}, punto);
+        } else {
+            QTest::keyClick(vista, Qt::Key_Return);
+        }
+        QTRY_VERIFY(!vista->isVisible());
+        QTRY_COMPARE(caja->currentText(), QStringLiteral("EMP"));
+        salir(caja);
+        QVERIFY(f.cmdOK()->isEnabled());
+        QCOMPARE(f.ListViewLogin()->filas(), 1);
     }
 
     void aceptarCargaLaSesion() {
