@@ -9,8 +9,10 @@
 // applies), --por-diario (statement), --tipo-documento T, --documento-desde N,
 // --documento-hasta N (journal).
 // Outputs: --csv F, --xlsx F, --pdf F, --png-primera F (the first page as a picture), any of
-// them. --tiempos prints, for each step, its seconds and the peak memory of the process
-// during it.
+// them. The CSV is the machine format, every column of the temporary table under its name, as
+// the checks of a book read it; the XLSX is the preview's, the report's exported columns under
+// their printed titles. --tiempos prints, for each step, its seconds and the peak memory of
+// the process during it.
 
 #include "data/almacen/programa.h"
 #include "data/arranque.h"
@@ -73,8 +75,11 @@ public:
         reloj_.start();
     }
     ~Paso() {
+        // Padded by characters, not bytes, so that "página" lines up with the rest.
         if (o_.tiempos)
-            std::printf("%-34s %9.2f s %8.0f MB\n", nombre_, reloj_.nsecsElapsed() / 1e9, picoMb());
+            std::printf("%s %9.2f s %8.0f MB\n",
+                        QString::fromUtf8(nombre_).leftJustified(34).toUtf8().constData(),
+                        reloj_.nsecsElapsed() / 1e9, picoMb());
         std::fflush(stdout);
     }
 
@@ -216,7 +221,7 @@ int ejecutar(Opciones& o) {
     if (!o.xlsx.isEmpty()) {
         Paso p(o, "XLSX completo");
         motor::FuenteConsulta fuente(*sesion_temporal, consulta);
-        motor::exportarXlsx(fuente, o.xlsx, titulo);
+        motor::exportarXlsx(diseno, valores, fuente, o.xlsx, titulo);
     }
     if (!o.pdf.isEmpty()) {
         Paso p(o, "PDF completo");

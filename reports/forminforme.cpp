@@ -53,14 +53,22 @@ FormularioInforme::FormularioInforme(const QString& nombre, const QString& titul
             col = 0;
         }
         if (c.etiqueta.isEmpty()) {
-            // The second field of a pair under one caption: "Fecha" and "Fecha hasta".
-            t->setAccessibleName(anterior + QStringLiteral(" hasta"));
+            // The second field of a pair under one caption takes the caption's name.
+            t->setAccessibleName(anterior);
             ++col;
         } else {
             auto* etiqueta = new QLabel(c.etiqueta, fraDatos_);
             rotular(etiqueta, t);
             anterior = t->accessibleName();
             rejilla_->addWidget(etiqueta, fila, col++);
+        }
+        if (c.limite != CampoInforme::Limite::Ninguno) {
+            const bool desde = c.limite == CampoInforme::Limite::Desde;
+            if (!c.nombre.isEmpty()) anterior = c.nombre;
+            const QString cual = desde ? QStringLiteral("desde") : QStringLiteral("hasta");
+            t->setAccessibleName((c.nombre.isEmpty() ? t->accessibleName() : c.nombre) + u' ' +
+                                 cual);
+            t->setPlaceholderText(cual);
         }
         rejilla_->addWidget(t, fila, col++);
         if (c.clase == CampoInforme::Clase::Delegacion && sesion_delegacion != sesion_empresa) {

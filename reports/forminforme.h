@@ -23,12 +23,17 @@ struct CampoInforme {
         Fecha,       // a date: a text that is no date is refused with 1004
         Delegacion,  // branches: for a non-central branch, the session's and disabled
     };
+    // The first or the last of a pair of bounds: its name says which ("Fecha desde") and the
+    // empty field shows "desde" or "hasta", for captions that do not tell them apart.
+    enum class Limite { Ninguno, Desde, Hasta };
     int indice;
-    QString etiqueta;
+    QString etiqueta;  // "" for the second of a pair under one caption
     Clase clase = Clase::Texto;
     QString tag;  // the lookup, TABLA.columna; "" for none
     int ancho = 12;
     bool mismaLinea = false;  // beside the field before, not below it
+    Limite limite = Limite::Ninguno;
+    QString nombre;  // the name of a bound, when not the caption's: "Documento"
 };
 
 // What every report form shares: the criteria frame `fraDatos` with its fields `txt(i)`, the

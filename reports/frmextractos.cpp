@@ -11,14 +11,16 @@
 
 namespace {
 using C = CampoInforme::Clase;
+using L = CampoInforme::Limite;
 const QList<CampoInforme> kCampos{
     {5, QStringLiteral("Delegación:"), C::Delegacion,
      QStringLiteral("DELEGACIONES.codigo_delegacion"), 24},
     {0, QStringLiteral("Diario:"), C::Texto, QStringLiteral("DIARIOS.codigo_diario"), 24},
-    {1, QStringLiteral("Cuenta:"), C::Cuenta, QStringLiteral("CUENTAS.cuenta")},
-    {2, QStringLiteral("Cuenta:"), C::Cuenta, QStringLiteral("CUENTAS.cuenta"), 12, true},
-    {3, QStringLiteral("Fecha:"), C::Fecha, {}},
-    {4, QStringLiteral("Fecha:"), C::Fecha, {}, 12, true},
+    {1, QStringLiteral("Cuenta:"), C::Cuenta, QStringLiteral("CUENTAS.cuenta"), 12, false,
+     L::Desde},
+    {2, QStringLiteral("Cuenta:"), C::Cuenta, QStringLiteral("CUENTAS.cuenta"), 12, true, L::Hasta},
+    {3, QStringLiteral("Fecha:"), C::Fecha, {}, 12, false, L::Desde},
+    {4, QStringLiteral("Fecha:"), C::Fecha, {}, 12, true, L::Hasta},
 };
 }  // namespace
 

@@ -6,15 +6,23 @@
 
 namespace {
 using C = CampoInforme::Clase;
+using L = CampoInforme::Limite;
 const QList<CampoInforme> kCampos{
     {6, QStringLiteral("Delegación:"), C::Delegacion,
      QStringLiteral("DELEGACIONES.codigo_delegacion"), 24},
     {0, QStringLiteral("Diario:"), C::Texto, QStringLiteral("DIARIOS.codigo_diario"), 24},
     {3, QStringLiteral("Tipo documento:"), C::Texto, QStringLiteral("DOCUMENTOS.codigo_documento")},
-    {4, QStringLiteral("Documentos:"), C::Texto, {}},
-    {5, QString(), C::Texto, {}, 12, true},
-    {1, QStringLiteral("Fecha:"), C::Fecha, {}},
-    {2, QString(), C::Fecha, {}, 12, true},
+    {4,
+     QStringLiteral("Documentos:"),
+     C::Texto,
+     {},
+     12,
+     false,
+     L::Desde,
+     QStringLiteral("Documento")},
+    {5, QString(), C::Texto, {}, 12, true, L::Hasta},
+    {1, QStringLiteral("Fecha:"), C::Fecha, {}, 12, false, L::Desde},
+    {2, QString(), C::Fecha, {}, 12, true, L::Hasta},
 };
 }  // namespace
 

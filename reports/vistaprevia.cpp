@@ -46,6 +46,11 @@ QString tablaDe(const QString& consulta) {
     return m.hasMatch() ? m.captured(1) : QString();
 }
 
+// "1 página", "3 páginas": a count with its noun in the right number.
+QString cuantas(qint64 n, const QString& singular, const QString& plural) {
+    return QStringLiteral("%1 %2").arg(n).arg(n == 1 ? singular : plural);
+}
+
 QPageLayout disposicion(const motor::Diseno& d) {
     return QPageLayout(QPageSize(d.papel, QPageSize::Millimeter), QPageLayout::Portrait,
                        QMarginsF());
@@ -274,13 +279,14 @@ void frmVistaPrevia::refrescar() {
         const qint64 filas = fuente_ ? fuente_->total() : -1;
         progreso_->setRange(0, filas > 0 ? 1000 : 0);
         if (filas > 0) progreso_->setValue(int(1000 * paginador_->filasLeidas() / filas));
-        estado_->setText(
-            QStringLiteral("Preparando páginas: %1 líneas leídas").arg(paginador_->filasLeidas()));
+        estado_->setText(QStringLiteral("Preparando páginas: ") +
+                         cuantas(paginador_->filasLeidas(), QStringLiteral("línea leída"),
+                                 QStringLiteral("líneas leídas")));
     } else {
         estado_->setText(
             cancelada_ ? QStringLiteral(
                              "Preparación detenida: solo se muestran las páginas ya preparadas.")
-                       : QStringLiteral("%1 páginas").arg(total));
+                       : cuantas(total, QStringLiteral("página"), QStringLiteral("páginas")));
     }
     const int modo = zoomCombo_->currentData().toInt();
     if (modo < 0) {
@@ -400,7 +406,8 @@ bool frmVistaPrevia::exportarCsv(const QString& ruta) {
     Protegido([&] {
         Conexion c(t_.conexion);
         motor::FuenteConsulta f(c, t_.consulta);
-        hecho = motor::exportarCsv(f, ruta, progreso) == motor::Resultado::Hecho;
+        hecho = motor::exportarCsv(d_, motor::leerFormulas(t_.formulas), f, ruta, progreso) ==
+                motor::Resultado::Hecho;
     });
     progreso(-1, -1);
     return hecho;
@@ -413,7 +420,8 @@ bool frmVistaPrevia::exportarXlsx(const QString& ruta) {
     Protegido([&] {
         Conexion c(t_.conexion);
         motor::FuenteConsulta f(c, t_.consulta);
-        hecho = motor::exportarXlsx(f, ruta, t_.titulo, progreso) == motor::Resultado::Hecho;
+        hecho = motor::exportarXlsx(d_, motor::leerFormulas(t_.formulas), f, ruta, t_.titulo,
+                                    progreso) == motor::Resultado::Hecho;
     });
     progreso(-1, -1);
     return hecho;

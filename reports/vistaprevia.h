@@ -43,7 +43,8 @@ private:
 // is laid out; the rest are laid out while the user reads, a slice at a time, into a page
 // file, with their count and a button that stops the work. Navigation, zoom, printing through
 // the system's dialog, and export of the whole report to PDF (from the pages), CSV and XLSX
-// (from the rows of the temporary table, while it still holds this run's rows).
+// (from the rows of the temporary table, while it still holds this run's rows: the columns
+// the layout exports, under the titles the printed report gives them).
 class frmVistaPrevia : public Formulario {
     Q_OBJECT
 public:

@@ -13,12 +13,24 @@
 //   texto X Y ANCHO ALTO "Página {pagina}" [opciones]
 //   campo X Y ANCHO ALTO EXPR [opciones]     EXPR in quotes when it holds blanks
 //   linea X1 Y1 X2 Y2 [grosor=0.3]
+//   exportar "Título" EXPR [fecha|importe|entero]
 //
 // Options: negrita, cursiva, letra=N, izquierda, derecha, centro, fecha (yyyymmdd shown as
 // dd/mm/yyyy), importe (1.234,56), entero, blanco_si_cero, solo_en_grupo (in a carried-total
 // band, only when the page breaks inside a group). Band types: cabecera_informe,
 // cabecera_pagina, cabecera_columnas, arrastre_cabecera, cabecera_grupo, detalle, pie_grupo,
 // arrastre_pie, pie_informe, pie_pagina.
+//
+// The exportar lines, wherever they stand, are the columns of the CSV and XLSX exports of the
+// preview, in their order: the title heads the column and EXPR gives its value on each row,
+// as a detail field would (sums and values included, so a running balance exports as printed);
+// fecha writes a yyyymmdd text as a date, importe an amount with two decimals, entero a whole
+// number, and without an option a text as it is. They should be the columns the printed report
+// shows, titled as printed, with what its headers show once for many lines (the account, the
+// entry) repeated on each row. A layout without them exports every column of its query under
+// the column's name. Names are checked when the report starts: one that is neither a column,
+// a sum, a value nor a formula (the page number is none in a file) stops the run, naming the
+// file and the line.
 #include "diseno.h"
 
 #include "data/almacen/error.h"
@@ -136,7 +148,7 @@ void comprobarExpresion(const QString& texto) {
     if (const QString e = Expresion::errorDeSintaxis(texto); !e.isEmpty()) throw Error(0, e);
 }
 
-void leerLinea(Diseno& d, Banda*& banda, const QStringList& t) {
+void leerLinea(Diseno& d, Banda*& banda, const QStringList& t, int numero) {
     const QString& clave = t[0];
     if (clave == u"titulo") {
         exigir(t, 2);
@@ -187,6 +199,31 @@ void leerLinea(Diseno& d, Banda*& banda, const QStringList& t) {
         banda->presente = true;
         banda->alto = medida(t[2]);
         banda->soloEnGrupo = t.size() > 3 && t[3] == u"solo_en_grupo";
+    } else if (clave == u"exportar") {
+        exigir(t, 3);
+        if (t.size() > 4)
+            throw Error(0, QStringLiteral("se espera \"exportar TÍTULO EXPR [formato]\""));
+        ColumnaExportada c{t[1], t[2], Formato::Texto, numero};
+        if (c.titulo.trimmed().isEmpty())
+            throw Error(0, QStringLiteral("una columna exportada necesita su título"));
+        for (const ColumnaExportada& otra : d.exportadas)
+            if (otra.titulo == c.titulo)
+                throw Error(0, QStringLiteral("la columna \"%1\" ya se exporta en la línea %2")
+                                   .arg(c.titulo)
+                                   .arg(otra.linea));
+        comprobarExpresion(c.expresion);
+        if (t.size() > 3) {
+            if (t[3] == u"fecha")
+                c.formato = Formato::Fecha;
+            else if (t[3] == u"importe")
+                c.formato = Formato::Importe;
+            else if (t[3] == u"entero")
+                c.formato = Formato::Entero;
+            else
+                throw Error(0,
+                            QStringLiteral("formato de exportación desconocido \"%1\"").arg(t[3]));
+        }
+        d.exportadas << c;
     } else if (clave == u"texto" || clave == u"campo" || clave == u"linea") {
         if (!banda) throw Error(0, QStringLiteral("elemento fuera de una banda"));
         Elemento el;
@@ -212,23 +249,33 @@ void leerLinea(Diseno& d, Banda*& banda, const QStringList& t) {
 
 }  // namespace
 
+QString frase(const QString& texto) {
+    return texto.endsWith(u'.') ? texto : texto + u'.';
+}
+
+QString Diseno::lugar(int linea) const {
+    return QStringLiteral("%1, línea %2")
+        .arg(origen.isEmpty() ? QStringLiteral("Diseño") : origen)
+        .arg(linea);
+}
+
 Diseno leerDisenoTexto(const QString& texto, const QString& origen) {
     Diseno d;
+    d.origen = origen;
     Banda* banda = nullptr;
     const QStringList lineas = texto.split(u'\n');
     for (qsizetype n = 0; n < lineas.size(); ++n) {
         try {
             const QStringList t = trocear(lineas[n]);
-            if (!t.isEmpty()) leerLinea(d, banda, t);
+            if (!t.isEmpty()) leerLinea(d, banda, t, int(n + 1));
         } catch (const Error& e) {
-            throw Error(0, QStringLiteral("%1, línea %2: %3.")
-                               .arg(origen.isEmpty() ? QStringLiteral("Diseño") : origen)
-                               .arg(n + 1)
-                               .arg(e.descripcion()));
+            throw Error(0,
+                        QStringLiteral("%1: %2").arg(d.lugar(int(n + 1)), frase(e.descripcion())));
         }
     }
     if (!d.banda(TipoBanda::Detalle).presente)
-        throw Error(0, QStringLiteral("%1: no tiene banda de detalle.").arg(origen));
+        throw Error(0, QStringLiteral("%1: no tiene banda de detalle.")
+                           .arg(origen.isEmpty() ? QStringLiteral("Diseño") : origen));
     return d;
 }
 

@@ -72,6 +72,16 @@ struct Calculo {
     QString expresion;
 };
 
+// A column of the CSV and XLSX exports: the title it goes under, the value it takes from each
+// row (an expression, as a field's) and how that value is written; the line that declares it
+// names the layout's mistakes found when it meets its query.
+struct ColumnaExportada {
+    QString titulo;
+    QString expresion;
+    Formato formato = Formato::Texto;
+    int linea = 0;
+};
+
 struct Diseno {
     QString titulo;
     QSizeF papel{210, 297};                 // mm, in the orientation of the page
@@ -83,11 +93,18 @@ struct Diseno {
     QList<Calculo> calculos;
     QStringList grupo;  // the fields whose change starts a new group; empty: no groups
     std::array<Banda, kTiposBanda> bandas;
+    QList<ColumnaExportada> exportadas;  // empty: the exports take the query's columns
+    QString origen;                      // the file it was read from, for its errors
 
     const Banda& banda(TipoBanda t) const { return bandas[size_t(t)]; }
     Banda& banda(TipoBanda t) { return bandas[size_t(t)]; }
     double anchoUtil() const { return papel.width() - margenes[1] - margenes[3]; }
+    // "Reports/Extracto.rpt, línea 12": where a mistake of the layout is.
+    QString lugar(int linea) const;
 };
+
+// A reason as a sentence: with its full stop, never two.
+QString frase(const QString& texto);
 
 // Reads a layout; a line that cannot be understood is an Error naming the file and the line.
 Diseno leerDiseno(const QString& ruta);

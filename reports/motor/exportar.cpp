@@ -2,6 +2,7 @@
 
 #include "data/almacen/error.h"
 #include "data/formato.h"
+#include "evaluador.h"
 #include "fuente.h"
 #include "paginador.h"
 #include "pintor.h"
@@ -16,6 +17,8 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
+#include <cmath>
+#include <memory>
 #include <utility>
 
 namespace motor {
@@ -25,27 +28,158 @@ namespace {
 // Rows between two calls of the progress function.
 constexpr qint64 kTramo = 4096;
 
-// Columns named fecha… hold dates as "yyyymmdd"; the name is judged once per export.
-bool columnaDeFecha(const QString& columna) {
-    return columna.startsWith(u"fecha", Qt::CaseInsensitive);
-}
-QList<bool> columnasDeFecha(const QStringList& columnas) {
-    QList<bool> fechas;
-    for (const QString& c : columnas) fechas << columnaDeFecha(c);
-    return fechas;
-}
-bool esFecha(bool columnaFecha, const QVariant& v) {
-    if (!columnaFecha || v.typeId() != QMetaType::QString) return false;
-    const QString t = v.toString();
+// One value of an export, with what it is, so that each writer gives it its own form.
+struct Celda {
+    enum class Tipo : quint8 { Vacia, Texto, Importe, Entero, Numero, Fecha };
+    Tipo tipo = Tipo::Vacia;
+    double numero = 0;  // Importe, Numero
+    qint64 entero = 0;  // Entero
+    QString texto;      // Texto; Fecha as yyyymmdd
+};
+
+bool textoDeFecha(const QString& t) {
     return t.size() == 8 && formato::IsNumeric(t);
 }
 
-QString campoCsv(bool columnaFecha, const QVariant& v) {
-    if (v.isNull()) return {};
-    if (esDecimal(v)) return formato::Format(v.toDouble(), QStringLiteral("0.00"));
-    if (esEntero(v)) return QString::number(v.toLongLong());
-    QString t = v.toString();
-    if (esFecha(columnaFecha, v)) return fechaVisible(t);
+// Concepts, titles and names get wider columns in a workbook.
+bool columnaAncha(const QString& nombre) {
+    return nombre.contains(QStringLiteral("concepto")) ||
+           nombre.contains(QStringLiteral("titulo")) || nombre.contains(QStringLiteral("nombre"));
+}
+
+// What an export writes: a heading, then the rows, read one at a time.
+class Tabla {
+public:
+    virtual ~Tabla() = default;
+    virtual bool siguiente(std::vector<Celda>& fila) = 0;
+    QStringList titulos;
+    QList<bool> anchas;
+    qint64 total = -1;
+};
+
+// The rows of the query as they are, under the names of its columns: the kind of each value
+// is the type the store gave it, and columns named fecha… hold dates as "yyyymmdd".
+class TablaConsulta : public Tabla {
+public:
+    explicit TablaConsulta(FuenteFilas& fuente, bool conTotal) : fuente_(fuente) {
+        titulos = fuente.columnas();
+        for (const QString& c : titulos) {
+            fechas_ << c.startsWith(u"fecha", Qt::CaseInsensitive);
+            anchas << columnaAncha(c);
+        }
+        if (conTotal) total = fuente.total();
+    }
+    bool siguiente(std::vector<Celda>& fila) override {
+        if (!fuente_.leer(valores_)) return false;
+        fila.resize(size_t(titulos.size()));
+        for (size_t i = 0; i < fila.size(); ++i) {
+            const QVariant& v = valores_[i];
+            Celda& c = fila[i];
+            c.texto.clear();
+            if (v.isNull()) {
+                c.tipo = Celda::Tipo::Vacia;
+            } else if (esDecimal(v)) {
+                c.tipo = Celda::Tipo::Importe;
+                c.numero = v.toDouble();
+            } else if (esEntero(v)) {
+                c.tipo = Celda::Tipo::Entero;
+                c.entero = v.toLongLong();
+            } else {
+                c.texto = v.toString();
+                c.tipo = fechas_[qsizetype(i)] && v.typeId() == QMetaType::QString &&
+                                 textoDeFecha(c.texto)
+                             ? Celda::Tipo::Fecha
+                             : Celda::Tipo::Texto;
+            }
+        }
+        return true;
+    }
+
+private:
+    FuenteFilas& fuente_;
+    QList<bool> fechas_;
+    std::vector<QVariant> valores_;
+};
+
+// The columns the layout exports, under their titles, each row computed as the printed
+// line is (running sums and values included).
+class TablaInforme : public Tabla {
+public:
+    TablaInforme(const Diseno& diseno, const QHash<QString, Valor>& formulas, FuenteFilas& fuente,
+                 bool conTotal)
+        : d_(diseno), fuente_(fuente), valores_(diseno, formulas, fuente.columnas()) {
+        for (const ColumnaExportada& c : d_.exportadas) {
+            titulos << c.titulo;
+            anchas << columnaAncha(c.expresion);
+        }
+        if (conTotal) total = fuente.total();
+    }
+    bool siguiente(std::vector<Celda>& fila) override {
+        if (!fuente_.leer(leida_)) return false;
+        valores_.avanzar(leida_);
+        const std::vector<Expresion>& columnas = valores_.exportadas();
+        fila.resize(columnas.size());
+        for (size_t i = 0; i < columnas.size(); ++i)
+            celda(columnas[i].evaluar(valores_.valores()), d_.exportadas[qsizetype(i)].formato,
+                  fila[i]);
+        return true;
+    }
+
+private:
+    static void celda(const Valor& v, Formato formato, Celda& c) {
+        c.texto.clear();
+        if (v.esTexto) {
+            c.texto = v.texto;
+            c.tipo = c.texto.isEmpty()                                    ? Celda::Tipo::Vacia
+                     : formato == Formato::Fecha && textoDeFecha(c.texto) ? Celda::Tipo::Fecha
+                                                                          : Celda::Tipo::Texto;
+            return;
+        }
+        switch (formato) {
+            case Formato::Importe:
+                c.tipo = Celda::Tipo::Importe;
+                c.numero = v.numero;
+                break;
+            case Formato::Entero:
+                c.tipo = Celda::Tipo::Entero;
+                c.entero = std::llround(v.numero);
+                break;
+            case Formato::Fecha:
+            case Formato::Texto:
+                c.tipo = Celda::Tipo::Numero;
+                c.numero = v.numero;
+                break;
+        }
+    }
+
+    const Diseno& d_;
+    FuenteFilas& fuente_;
+    Evaluador valores_;
+    std::vector<QVariant> leida_;
+};
+
+std::unique_ptr<Tabla> tablaDe(const Diseno& diseno, const QHash<QString, Valor>& formulas,
+                               FuenteFilas& fuente, bool conTotal) {
+    if (diseno.exportadas.isEmpty()) return std::make_unique<TablaConsulta>(fuente, conTotal);
+    return std::make_unique<TablaInforme>(diseno, formulas, fuente, conTotal);
+}
+
+QString campoCsv(const Celda& c) {
+    switch (c.tipo) {
+        case Celda::Tipo::Vacia:
+            return {};
+        case Celda::Tipo::Importe:
+            return formato::Format(c.numero, QStringLiteral("0.00"));
+        case Celda::Tipo::Entero:
+            return QString::number(c.entero);
+        case Celda::Tipo::Numero:
+            return formato::textoDouble(c.numero).replace(u'.', u',');
+        case Celda::Tipo::Fecha:
+            return fechaVisible(c.texto);
+        case Celda::Tipo::Texto:
+            break;
+    }
+    QString t = c.texto;
     if (t.contains(u';') || t.contains(u'"') || t.contains(u'\n') || t.contains(u'\r'))
         t = u'"' + t.replace(u'"', QStringLiteral("\"\"")) + u'"';
     return t;
@@ -66,31 +200,28 @@ void colocarFinal(const QString& ruta) {
         fallarArchivo(ruta, QStringLiteral("no se puede reemplazar el archivo"));
 }
 
-}  // namespace
-
-Resultado exportarCsv(FuenteFilas& fuente, const QString& ruta, const Progreso& progreso) {
+Resultado escribirCsv(Tabla& tabla, const QString& ruta, const Progreso& progreso) {
     QSaveFile archivo(ruta);
     if (!archivo.open(QIODevice::WriteOnly)) fallarArchivo(ruta, archivo.errorString());
-    const QStringList columnas = fuente.columnas();
-    const QList<bool> fechas = columnasDeFecha(columnas);
-    const qint64 total = progreso ? fuente.total() : -1;
-    QString linea = QStringLiteral("\xFEFF") + columnas.join(u';') + QStringLiteral("\r\n");
+    QStringList cabecera;
+    for (const QString& t : tabla.titulos) cabecera << campoCsv({Celda::Tipo::Texto, 0, 0, t});
+    QString linea = QStringLiteral("\xFEFF") + cabecera.join(u';') + QStringLiteral("\r\n");
     archivo.write(linea.toUtf8());
-    std::vector<QVariant> fila;
+    std::vector<Celda> fila;
     qint64 n = 0;
     QByteArray bloque;
-    while (fuente.leer(fila)) {
+    while (tabla.siguiente(fila)) {
         linea.clear();
-        for (qsizetype i = 0; i < columnas.size(); ++i) {
+        for (size_t i = 0; i < fila.size(); ++i) {
             if (i) linea += u';';
-            linea += campoCsv(fechas[i], fila[size_t(i)]);
+            linea += campoCsv(fila[i]);
         }
         linea += QStringLiteral("\r\n");
         bloque += linea.toUtf8();
         if (++n % kTramo == 0) {
             archivo.write(bloque);
             bloque.clear();
-            if (progreso && !progreso(n, total)) {
+            if (progreso && !progreso(n, tabla.total)) {
                 archivo.cancelWriting();
                 return Resultado::Cancelado;
             }
@@ -101,7 +232,7 @@ Resultado exportarCsv(FuenteFilas& fuente, const QString& ruta, const Progreso& 
     return Resultado::Hecho;
 }
 
-Resultado exportarXlsx(FuenteFilas& fuente, const QString& ruta, const QString& titulo,
+Resultado escribirXlsx(Tabla& tabla, const QString& ruta, const QString& titulo,
                        const Progreso& progreso) {
     // Sheets hold 1,048,576 rows, the heading included.
     constexpr qint64 kFilasHoja = 1048575;
@@ -120,9 +251,6 @@ Resultado exportarXlsx(FuenteFilas& fuente, const QString& ruta, const QString& 
     lxw_format* fecha = workbook_add_format(libro);
     format_set_num_format(fecha, "dd/mm/yyyy");
 
-    const QStringList columnas = fuente.columnas();
-    const QList<bool> fechas = columnasDeFecha(columnas);
-    const qint64 total = progreso ? fuente.total() : -1;
     lxw_worksheet* hoja = nullptr;
     int hojas = 0;
     lxw_row_t r = 0;
@@ -132,22 +260,17 @@ Resultado exportarXlsx(FuenteFilas& fuente, const QString& ruta, const QString& 
         const QByteArray nombre =
             hojas == 1 ? nombreBase : nombreBase + ' ' + QByteArray::number(hojas);
         hoja = workbook_add_worksheet(libro, nombre.isEmpty() ? nullptr : nombre.constData());
-        for (qsizetype c = 0; c < columnas.size(); ++c) {
-            worksheet_write_string(hoja, 0, lxw_col_t(c), columnas[c].toUtf8().constData(),
+        for (qsizetype c = 0; c < tabla.titulos.size(); ++c) {
+            worksheet_write_string(hoja, 0, lxw_col_t(c), tabla.titulos[c].toUtf8().constData(),
                                    negrita);
-            worksheet_set_column(hoja, lxw_col_t(c), lxw_col_t(c),
-                                 columnas[c].contains(QStringLiteral("concepto")) ||
-                                         columnas[c].contains(QStringLiteral("titulo")) ||
-                                         columnas[c].contains(QStringLiteral("nombre"))
-                                     ? 40
-                                     : 14,
+            worksheet_set_column(hoja, lxw_col_t(c), lxw_col_t(c), tabla.anchas[c] ? 40 : 14,
                                  nullptr);
         }
         worksheet_freeze_panes(hoja, 1, 0);
         r = 1;
     };
     nuevaHoja();
-    std::vector<QVariant> fila;
+    std::vector<Celda> fila;
     qint64 n = 0;
     bool cancelado = false;
     // A failure while reading still closes the workbook, and leaves no file behind.
@@ -161,29 +284,41 @@ Resultado exportarXlsx(FuenteFilas& fuente, const QString& ruta, const QString& 
             }
         }
     } cierre{libro, ruta};
-    while (fuente.leer(fila)) {
+    while (tabla.siguiente(fila)) {
         if (r > kFilasHoja) nuevaHoja();
-        for (qsizetype c = 0; c < columnas.size(); ++c) {
-            const QVariant& v = fila[size_t(c)];
+        for (size_t c = 0; c < fila.size(); ++c) {
+            const Celda& v = fila[c];
             const auto col = lxw_col_t(c);
-            if (v.isNull()) continue;
-            if (esDecimal(v)) {
-                worksheet_write_number(hoja, r, col, v.toDouble(), importe);
-            } else if (esEntero(v)) {
-                worksheet_write_number(hoja, r, col, double(v.toLongLong()), nullptr);
-            } else if (esFecha(fechas[c], v)) {
-                const QString t = v.toString();
-                lxw_datetime d{
-                    t.left(4).toInt(), t.mid(4, 2).toInt(), t.mid(6, 2).toInt(), 0, 0, 0};
-                worksheet_write_datetime(hoja, r, col, &d, fecha);
-            } else {
-                const QByteArray texto = v.toString().toUtf8();
-                if (!texto.isEmpty())
-                    worksheet_write_string(hoja, r, col, texto.constData(), nullptr);
+            switch (v.tipo) {
+                case Celda::Tipo::Vacia:
+                    break;
+                case Celda::Tipo::Importe:
+                    worksheet_write_number(hoja, r, col, v.numero, importe);
+                    break;
+                case Celda::Tipo::Entero:
+                    worksheet_write_number(hoja, r, col, double(v.entero), nullptr);
+                    break;
+                case Celda::Tipo::Numero:
+                    worksheet_write_number(hoja, r, col, v.numero, nullptr);
+                    break;
+                case Celda::Tipo::Fecha: {
+                    lxw_datetime d{v.texto.left(4).toInt(),
+                                   v.texto.mid(4, 2).toInt(),
+                                   v.texto.mid(6, 2).toInt(),
+                                   0,
+                                   0,
+                                   0};
+                    worksheet_write_datetime(hoja, r, col, &d, fecha);
+                    break;
+                }
+                case Celda::Tipo::Texto:
+                    if (!v.texto.isEmpty())
+                        worksheet_write_string(hoja, r, col, v.texto.toUtf8().constData(), nullptr);
+                    break;
             }
         }
         ++r;
-        if (++n % kTramo == 0 && progreso && !progreso(n, total)) {
+        if (++n % kTramo == 0 && progreso && !progreso(n, tabla.total)) {
             cancelado = true;
             break;
         }
@@ -199,6 +334,32 @@ Resultado exportarXlsx(FuenteFilas& fuente, const QString& ruta, const QString& 
     }
     colocarFinal(ruta);
     return Resultado::Hecho;
+}
+
+}  // namespace
+
+Resultado exportarCsv(FuenteFilas& fuente, const QString& ruta, const Progreso& progreso) {
+    TablaConsulta tabla(fuente, bool(progreso));
+    return escribirCsv(tabla, ruta, progreso);
+}
+
+Resultado exportarCsv(const Diseno& diseno, const QHash<QString, Valor>& formulas,
+                      FuenteFilas& fuente, const QString& ruta, const Progreso& progreso) {
+    const auto tabla = tablaDe(diseno, formulas, fuente, bool(progreso));
+    return escribirCsv(*tabla, ruta, progreso);
+}
+
+Resultado exportarXlsx(FuenteFilas& fuente, const QString& ruta, const QString& titulo,
+                       const Progreso& progreso) {
+    TablaConsulta tabla(fuente, bool(progreso));
+    return escribirXlsx(tabla, ruta, titulo, progreso);
+}
+
+Resultado exportarXlsx(const Diseno& diseno, const QHash<QString, Valor>& formulas,
+                       FuenteFilas& fuente, const QString& ruta, const QString& titulo,
+                       const Progreso& progreso) {
+    const auto tabla = tablaDe(diseno, formulas, fuente, bool(progreso));
+    return escribirXlsx(*tabla, ruta, titulo, progreso);
 }
 
 Resultado pintarPaginas(QPainter& painter, QPagedPaintDevice& dispositivo, const Diseno& diseno,

@@ -25,56 +25,18 @@ QHash<QString, Valor> leerFormulas(const QStringList& formulas) {
 
 Paginador::Paginador(const Diseno& diseno, const QHash<QString, Valor>& formulas,
                      FuenteFilas& fuente)
-    : d_(diseno), fuente_(fuente) {
-    enlazar(formulas);
+    : d_(diseno), fuente_(fuente), valores_(diseno, formulas, fuente.columnas()) {
+    enlazar();
 }
 
-// Gives every name of the layout its slot, and fails on the first one that has none, before a
+// Binds every element of the bands, and fails on the first name that has no value, before a
 // single page is laid out.
-void Paginador::enlazar(const QHash<QString, Valor>& formulas) {
-    const QStringList columnas = fuente_.columnas();
-    columnas_ = int(columnas.size());
-    QHash<QString, int> nombres;
-    for (int i = 0; i < columnas_; ++i) nombres.insert(columnas[i].toLower(), i);
-    slots_.resize(size_t(columnas_));
-    baseAcumulados_ = int(slots_.size());
-    for (const Acumulado& a : d_.acumulados) {
-        nombres.insert(a.nombre.toLower(), int(slots_.size()));
-        slots_.push_back(Valor::deNumero(0));
-    }
-    baseCalculos_ = int(slots_.size());
-    for (const Calculo& c : d_.calculos) {
-        nombres.insert(c.nombre.toLower(), int(slots_.size()));
-        slots_.push_back(Valor::deNumero(0));
-    }
-    for (auto f = formulas.cbegin(); f != formulas.cend(); ++f) {
-        nombres.insert(f.key(), int(slots_.size()));
-        slots_.push_back(f.value());
-    }
-    slotPagina_ = int(slots_.size());
-    nombres.insert(QStringLiteral("pagina"), slotPagina_);
-    slots_.push_back(Valor::deNumero(0));
-
-    const Expresion::Resolutor resolver = [&nombres](const QString& nombre) {
-        return nombres.value(nombre.toLower(), -1);
-    };
-    for (const Acumulado& a : d_.acumulados)
-        sumandos_.push_back(Expresion::compilar(a.sumando, resolver));
-    for (const Calculo& c : d_.calculos)
-        calculos_.push_back(Expresion::compilar(c.expresion, resolver));
-    for (const QString& g : d_.grupo) {
-        const int i = nombres.value(g.toLower(), -1);
-        if (i < 0 || i >= columnas_)
-            throw Error(0, QStringLiteral("El grupo del informe nombra \"%1\", que no es una "
-                                          "columna de la consulta.")
-                               .arg(g));
-        grupo_.push_back(i);
-    }
+void Paginador::enlazar() {
     for (int t = 0; t < kTiposBanda; ++t) {
         for (const Elemento& el : d_.bandas[size_t(t)].elementos) {
             Enlace e{&el, {}, {}};
             if (el.clase == Elemento::Clase::Campo) {
-                e.expresion = Expresion::compilar(el.texto, resolver);
+                e.expresion = valores_.compilar(el.texto);
             } else if (el.clase == Elemento::Clase::Texto) {
                 qsizetype i = 0;
                 while (i < el.texto.size()) {
@@ -86,7 +48,7 @@ void Paginador::enlazar(const QHash<QString, Valor>& formulas) {
                     }
                     if (abre > i) e.partes << Parte{el.texto.mid(i, abre - i), -1};
                     const QString nombre = el.texto.mid(abre + 1, cierra - abre - 1).trimmed();
-                    const int slot = resolver(nombre);
+                    const int slot = valores_.slot(nombre);
                     if (slot < 0)
                         throw Error(0, QStringLiteral("El informe usa \"{%1}\", que no tiene "
                                                       "valor en esta ejecución.")
@@ -98,7 +60,6 @@ void Paginador::enlazar(const QHash<QString, Valor>& formulas) {
             bandas_[size_t(t)].push_back(std::move(e));
         }
     }
-    siguienteFila_.resize(size_t(columnas_));
 }
 
 bool Paginador::siguiente(Pagina& pagina) {
@@ -116,46 +77,28 @@ bool Paginador::siguiente(Pagina& pagina) {
     return true;
 }
 
-namespace {
-bool iguales(const Valor& a, const Valor& b) {
-    return a.esTexto == b.esTexto && (a.esTexto ? a.texto == b.texto : a.numero == b.numero);
-}
-}  // namespace
-
 void Paginador::procesarFila() {
-    for (int i = 0; i < columnas_; ++i) siguienteFila_[size_t(i)] = valorDe(fila_[size_t(i)]);
+    const bool nuevoGrupo = valores_.leer(fila_);
     if (!empezado_) {
         empezado_ = true;
         abrirPagina(false, false);
         colocar(TipoBanda::CabeceraInforme);
     }
-    bool nuevoGrupo = false;
-    if (!grupo_.empty()) {
-        nuevoGrupo = !enGrupo_;
-        for (int g : grupo_)
-            if (!iguales(slots_[size_t(g)], siguienteFila_[size_t(g)])) nuevoGrupo = true;
-        // The closing group is shown with its own last row, still in the slots.
-        if (nuevoGrupo && enGrupo_) {
-            asegurar(alto(TipoBanda::PieGrupo), true);
-            colocar(TipoBanda::PieGrupo);
-            enGrupo_ = false;
-        }
+    // The closing group is shown with its own last row, still the current one.
+    if (nuevoGrupo && enGrupo_) {
+        asegurar(alto(TipoBanda::PieGrupo), true);
+        colocar(TipoBanda::PieGrupo);
+        enGrupo_ = false;
     }
-    std::swap_ranges(siguienteFila_.begin(), siguienteFila_.end(), slots_.begin());
+    valores_.entrar(nuevoGrupo);
     if (nuevoGrupo) {
-        for (size_t i = 0; i < size_t(d_.acumulados.size()); ++i)
-            if (d_.acumulados[qsizetype(i)].porGrupo)
-                slots_[size_t(baseAcumulados_) + i] = Valor::deNumero(0);
         asegurar(alto(TipoBanda::CabeceraGrupo) + alto(TipoBanda::Detalle), false);
         enGrupo_ = true;
         colocar(TipoBanda::CabeceraGrupo);
     } else {
         asegurar(alto(TipoBanda::Detalle), enGrupo_);
     }
-    for (size_t i = 0; i < sumandos_.size(); ++i)
-        slots_[size_t(baseAcumulados_) + i].numero += sumandos_[i].evaluar(slots_).numero;
-    for (size_t i = 0; i < calculos_.size(); ++i)
-        slots_[size_t(baseCalculos_) + i] = calculos_[i].evaluar(slots_);
+    valores_.acumular();
     colocar(TipoBanda::Detalle);
 }
 
@@ -195,8 +138,8 @@ void Paginador::asegurar(double altoBanda, bool dentroDeGrupo) {
 
 void Paginador::abrirPagina(bool continua, bool dentroDeGrupo) {
     actual_ = Pagina{};
-    actual_.numero = int(slots_[size_t(slotPagina_)].numero) + 1;
-    slots_[size_t(slotPagina_)].numero = actual_.numero;
+    actual_.numero = valores_.pagina() + 1;
+    valores_.ponerPagina(actual_.numero);
     y_ = d_.margenes[0];
     limite_ = d_.papel.height() - d_.margenes[2] - alto(TipoBanda::PiePagina) -
               alto(TipoBanda::ArrastrePie);
@@ -226,11 +169,12 @@ void Paginador::colocar(TipoBanda tipo) {
 QString Paginador::texto(const Enlace& e) const {
     const Elemento& el = *e.elemento;
     if (el.clase == Elemento::Clase::Campo)
-        return mostrar(e.expresion.evaluar(slots_), el.formato, el.blancoSiCero);
+        return mostrar(e.expresion.evaluar(valores_.valores()), el.formato, el.blancoSiCero);
     if (e.partes.size() == 1 && e.partes[0].slot < 0) return e.partes[0].literal;
     QString t;
     for (const Parte& p : e.partes)
-        t += p.slot < 0 ? p.literal : mostrar(slots_[size_t(p.slot)], el.formato, el.blancoSiCero);
+        t += p.slot < 0 ? p.literal
+                        : mostrar(valores_.valores()[size_t(p.slot)], el.formato, el.blancoSiCero);
     return t;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "diseno.h"
+#include "evaluador.h"
 #include "expresion.h"
 #include "pagina.h"
 
@@ -24,8 +25,8 @@ QHash<QString, Valor> leerFormulas(const QStringList& formulas);
 //    next one starts with them again (arrastre_cabecera), both computed from the lines before
 //    the break; bands marked solo_en_grupo print only when the break falls inside a group;
 //  - the page footer sits at the foot of every page, with the page's number.
-// A name the layout uses that is neither a column, a sum, a value nor a formula is an Error
-// when the run starts.
+// A name the layout uses (exported columns included) that is neither a column, a sum, a value
+// nor a formula is an Error when the run starts.
 class Paginador {
 public:
     Paginador(const Diseno& diseno, const QHash<QString, Valor>& formulas, FuenteFilas& fuente);
@@ -46,7 +47,7 @@ private:
         QList<Parte> partes;  // Texto
     };
 
-    void enlazar(const QHash<QString, Valor>& formulas);
+    void enlazar();
     void procesarFila();
     void terminar();
     void asegurar(double alto, bool dentroDeGrupo);
@@ -61,13 +62,9 @@ private:
 
     const Diseno& d_;
     FuenteFilas& fuente_;
-    std::vector<Valor> slots_;  // the row's columns, then sums, values, formulas, page
-    int columnas_ = 0, baseAcumulados_ = 0, baseCalculos_ = 0, slotPagina_ = 0;
+    Evaluador valores_;
     std::array<std::vector<Enlace>, kTiposBanda> bandas_;
-    std::vector<Expresion> sumandos_, calculos_;
-    std::vector<int> grupo_;  // columns of the group key
     std::vector<QVariant> fila_;
-    std::vector<Valor> siguienteFila_;
 
     std::deque<Pagina> listas_;
     Pagina actual_;
