@@ -22,6 +22,7 @@
 
 #include <QAction>
 #include <QDate>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
 #include <QProgressBar>
@@ -108,6 +109,25 @@ QStringList paginasImpresas(const QString& archivo, const QStringList& formulas,
         for (const motor::Trazo& t : p.textos) porAltura[qRound(t.caja.y() * 10)] << t.texto;
         for (const QStringList& l : porAltura) lineas << l.join(" · ");
     }
+    return lineas;
+}
+
+// The preview window the last run opened, or null.
+frmVistaPrevia* vistaAbierta() {
+    frmVistaPrevia* vista = nullptr;
+    for (Formulario* abierto : formularios::abiertos())
+        if (auto* v = qobject_cast<frmVistaPrevia*>(abierto)) vista = v;
+    return vista;
+}
+
+// The lines of a CSV file without its byte-order mark.
+QStringList lineasCsv(const QString& ruta) {
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::ReadOnly)) return {"cannot open " + ruta};
+    QByteArray datos = archivo.readAll();
+    if (!datos.startsWith("\xEF\xBB\xBF")) return {"no byte-order mark"};
+    QStringList lineas = QString::fromUtf8(datos.mid(3)).split("\r\n");
+    if (lineas.last().isEmpty()) lineas.removeLast();
     return lineas;
 }
 
@@ -437,15 +457,141 @@ private slots:
         }
     }
 
+    // A file exported from the preview is read by a bookkeeper: the columns the printed report
+    // shows, in its order, under its titles, with the account or the entry that the paper
+    // prints above the lines repeated on each row, and the balance after each line.
+    void exportacionCsv_data() {
+        QTest::addColumn<QString>("formulario");
+        QTest::addColumn<QStringList>("campos");
+        QTest::addColumn<QStringList>("lineas");
+        const QString a = QString::number(kAnio);
+        QTest::newRow("statement of two accounts")
+            << "frmExtractos" << QStringList{"1=43000001", "2=47700021", "4=31/01/" + a}
+            << QStringList{
+                   "Cuenta;Título de la cuenta;Fecha;Diario;Documento;Nº;Concepto;Debe;Haber;Saldo",
+                   "43000001;Comercial Ebro, S.L.;10/01/" + a +
+                       ";VEN;0000100;1;Concepto 0000100/1;1210,00;0,00;1710,00",
+                   "43000001;Comercial Ebro, S.L.;12/01/" + a +
+                       ";GEN;0000099;2;Concepto 0000099/2;0,00;300,00;1410,00",
+                   "47700021;H.P. IVA repercutido 21 %;10/01/" + a +
+                       ";VEN;0000100;3;Concepto 0000100/3;0,00;210,00;-210,00"};
+        QTest::newRow("journal book of one entry")
+            << "frmLibroDiario" << QStringList{"3=FA", "4=0000101", "5=0000101"}
+            << QStringList{
+                   "Asiento;Fecha;Nº;Cuenta;Título de la cuenta;Concepto;Debe;Haber",
+                   "0000101;05/02/" + a +
+                       ";1;43000001;Comercial Ebro, S.L.;Concepto 0000101/1;605,00;0,00",
+                   "0000101;05/02/" + a +
+                       ";2;70000001;Ventas de mercaderías;Concepto 0000101/2;0,00;500,00",
+                   "0000101;05/02/" + a +
+                       ";3;47700021;H.P. IVA repercutido 21 %;Concepto 0000101/3;0,00;105,00"};
+    }
+    void exportacionCsv() {
+        QFETCH(QString, formulario);
+        QFETCH(QStringList, campos);
+        QFETCH(QStringList, lineas);
+        auto* f = qobject_cast<FormularioInforme*>(formularios::abrir(formulario));
+        QVERIFY(f);
+        activar(f->ventana());
+        for (const QString& c : campos)
+            teclear(f->txt(c.section('=', 0, 0).toInt()), c.section('=', 1));
+        f->imprimir();
+        frmVistaPrevia* vista = vistaAbierta();
+        QVERIFY(vista);
+        QTemporaryDir dir;
+        QVERIFY(vista->exportarCsv(dir.filePath("informe.csv")));
+        QCOMPARE(lineasCsv(dir.filePath("informe.csv")), lineas);
+    }
+
+    // The two fields of a pair of bounds keep their captions, and say which is which to a
+    // screen reader and, while empty, on screen.
+    void limites_data() {
+        QTest::addColumn<QString>("formulario");
+        QTest::addColumn<int>("indice");
+        QTest::addColumn<QString>("rotulo");
+        QTest::addColumn<QString>("nombre");
+        QTest::addColumn<QString>("aviso");
+        QTest::newRow("statement, first account") << "frmExtractos" << 1 << "Cuenta:"
+                                                  << "Cuenta desde"
+                                                  << "desde";
+        QTest::newRow("statement, last account") << "frmExtractos" << 2 << "Cuenta:"
+                                                 << "Cuenta hasta"
+                                                 << "hasta";
+        QTest::newRow("statement, first date") << "frmExtractos" << 3 << "Fecha:"
+                                               << "Fecha desde"
+                                               << "desde";
+        QTest::newRow("statement, last date") << "frmExtractos" << 4 << "Fecha:"
+                                              << "Fecha hasta"
+                                              << "hasta";
+        QTest::newRow("statement, journals: no bound") << "frmExtractos" << 0 << "Diario:"
+                                                       << "Diario" << QString();
+        QTest::newRow("journal, first document") << "frmLibroDiario" << 4 << "Documentos:"
+                                                 << "Documento desde"
+                                                 << "desde";
+        QTest::newRow("journal, last document")
+            << "frmLibroDiario" << 5 << QString() << "Documento hasta"
+            << "hasta";
+        QTest::newRow("journal, first date") << "frmLibroDiario" << 1 << "Fecha:"
+                                             << "Fecha desde"
+                                             << "desde";
+        QTest::newRow("journal, last date") << "frmLibroDiario" << 2 << QString() << "Fecha hasta"
+                                            << "hasta";
+    }
+    void limites() {
+        QFETCH(QString, formulario);
+        QFETCH(int, indice);
+        QFETCH(QString, rotulo);
+        QFETCH(QString, nombre);
+        QFETCH(QString, aviso);
+        auto* f = qobject_cast<FormularioInforme*>(formularios::abrir(formulario));
+        QVERIFY(f);
+        QLineEdit* campo = f->txt(indice);
+        QString leido;
+        for (const QLabel* l : f->findChildren<QLabel*>())
+            if (l->buddy() == campo) leido = l->text();
+        QCOMPARE(leido, rotulo);
+        QCOMPARE(campo->accessibleName(), nombre);
+        QCOMPARE(campo->placeholderText(), aviso);
+    }
+
+    // The preview's count of pages agrees in number with the pages.
+    void cuentaDePaginas_data() {
+        QTest::addColumn<int>("asientos");
+        QTest::addColumn<QString>("texto");
+        QTest::newRow("one page") << 0 << "1 página";
+        QTest::newRow("several pages") << 60 << "%1 páginas";
+    }
+    void cuentaDePaginas() {
+        QFETCH(int, asientos);
+        QFETCH(QString, texto);
+        // Entries of two lines each, enough of them to fill several pages of the journal.
+        for (int i = 0; i < asientos; ++i)
+            for (int linea = 1; linea <= 2; ++linea)
+                Apuntes::Insert(*sesion_conexion, "EMP", "EMP", "AS",
+                                QStringLiteral("1%1").arg(i, 6, 10, QChar('0')), linea, "GEN",
+                                fecha(2, 4), fecha(2, 4), "", linea == 1 ? "57200001" : "70000001",
+                                "Cobro", linea == 1 ? 10.0 : 0.0, linea == 1 ? 0.0 : 10.0, "P", "",
+                                "PRUEBA");
+        auto* f = qobject_cast<frmLibroDiario*>(formularios::abrir("frmLibroDiario"));
+        activar(f->ventana());
+        f->imprimir();
+        frmVistaPrevia* vista = vistaAbierta();
+        QVERIFY(vista);
+        vista->completar();
+        QVERIFY(vista->completo());
+        QCOMPARE(vista->paginas() > 1, asientos > 0);
+        auto* estado = vista->findChild<QLabel*>("estado");
+        QVERIFY(estado);
+        QCOMPARE(estado->text(), texto.contains("%1") ? texto.arg(vista->paginas()) : texto);
+    }
+
     // The preview: every page laid out, the exports of the whole report, and a later run of
     // the same table refusing to export rows that are no longer this report's.
     void vistaPrevia() {
         auto* f = qobject_cast<frmExtractos*>(formularios::abrir("frmExtractos"));
         activar(f->ventana());
         f->imprimir();
-        frmVistaPrevia* vista = nullptr;
-        for (Formulario* abierto : formularios::abiertos())
-            if (auto* v = qobject_cast<frmVistaPrevia*>(abierto)) vista = v;
+        frmVistaPrevia* vista = vistaAbierta();
         QVERIFY(vista);
         vista->completar();
         QVERIFY(vista->completo());

@@ -85,6 +85,26 @@ QList<QVariantList> filasDeGrupos(const QList<int>& tamanos, double* total) {
     return filas;
 }
 
+// The cells of a workbook's first sheet, row by row: numbers as written, dates as day numbers.
+QList<QStringList> celdasXlsx(const QString& ruta) {
+    QProcess unzip;
+    unzip.start("unzip", {"-p", ruta, "xl/worksheets/sheet1.xml"});
+    if (!unzip.waitForFinished() || unzip.exitCode() != 0) return {{"unzip failed"}};
+    QXmlStreamReader xml(unzip.readAllStandardOutput());
+    QList<QStringList> celdas;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (xml.isStartElement() && xml.name() == u"row") celdas << QStringList();
+        if (xml.isStartElement() && (xml.name() == u"v" || xml.name() == u"t"))
+            celdas.last() << xml.readElementText();
+    }
+    return celdas;
+}
+
+QString diaXlsx(int a, int m, int d) {
+    return QString::number(QDate(1899, 12, 30).daysTo(QDate(a, m, d)));
+}
+
 }  // namespace
 
 class PruebaMotor : public QObject {
@@ -211,6 +231,20 @@ private slots:
                                             << "nombra \"cuenta\"";
         QTest::newRow("no detail") << "banda pie_pagina 4"
                                    << "no tiene banda de detalle";
+        QTest::newRow("exported column naming no column")
+            << "banda detalle 4\n\nexportar \"Saldo\" \"debe - sldo\" importe"
+            << "Diseño, línea 3: la columna exportada \"Saldo\" no se puede calcular con esta "
+               "consulta. Expresión \"debe - sldo\": no existe \"sldo\".";
+        QTest::newRow("page number in an exported column")
+            << "banda detalle 4\nexportar \"Página\" pagina"
+            << "línea 2: la columna exportada \"Página\"";
+        QTest::newRow("unknown export format") << "exportar \"Debe\" debe moneda\nbanda detalle 4"
+                                               << "línea 1: formato de exportación desconocido";
+        QTest::newRow("exported title twice")
+            << "exportar \"Debe\" debe\nexportar \"Debe\" debe importe\nbanda detalle 4"
+            << "línea 2: la columna \"Debe\" ya se exporta en la línea 1.";
+        QTest::newRow("exported column without title") << "exportar debe\nbanda detalle 4"
+                                                       << "línea 1: faltan valores";
     }
     void errores() {
         QFETCH(QString, texto);
@@ -251,22 +285,9 @@ private slots:
             // Cells read back from the sheet: numbers exactly, dates as day numbers.
             FuenteMemoria f(columnas, filas);
             QCOMPARE(exportarXlsx(f, dir.filePath("a.xlsx"), "Extractos"), Resultado::Hecho);
-            QProcess unzip;
-            unzip.start("unzip", {"-p", dir.filePath("a.xlsx"), "xl/worksheets/sheet1.xml"});
-            QVERIFY2(unzip.waitForFinished() && unzip.exitCode() == 0, "unzip");
-            QXmlStreamReader xml(unzip.readAllStandardOutput());
-            QList<QStringList> celdas;
-            while (!xml.atEnd()) {
-                xml.readNext();
-                if (xml.isStartElement() && xml.name() == u"row") celdas << QStringList();
-                if (xml.isStartElement() && (xml.name() == u"v" || xml.name() == u"t"))
-                    celdas.last() << xml.readElementText();
-            }
-            const auto dia = [](int a, int m, int d) {
-                return QString::number(QDate(1899, 12, 30).daysTo(QDate(a, m, d)));
-            };
+            const auto dia = diaXlsx;
             QCOMPARE(
-                celdas,
+                celdasXlsx(dir.filePath("a.xlsx")),
                 (QList<QStringList>{
                     columnas,
                     {"43000001", dia(2026, 1, 2), "1", "Factura 1; \"urgente\"", "1210.5", "0"},
@@ -291,6 +312,79 @@ private slots:
                                          "1.000.000,00", "FIN G0", "1.001.210,50", "Página 1"})
                 QVERIFY2(leido.contains(QString::fromUtf8(esperado)), esperado);
         }
+    }
+
+    // The exports for people: the columns the layout declares, under their titles, each row
+    // computed as its printed line (a balance that starts again at each account), and the
+    // query's own columns when the layout declares none.
+    void exportacionesDelInforme_data() {
+        QTest::addColumn<QString>("exportar");
+        QTest::addColumn<QByteArray>("csv");
+        QTest::addColumn<QList<QStringList>>("xlsx");
+        QTest::newRow("titles, formats and a running balance by account")
+            << QStringLiteral(
+                   "exportar \"Cuenta\" cuenta\n"
+                   "exportar \"Fecha\" fecha_apunte fecha\n"
+                   "exportar \"Nº\" numero_apunte entero\n"
+                   "exportar \"Concepto; \"\"texto\"\"\" concepto\n"
+                   "exportar \"Debe\" debe importe\n"
+                   "exportar \"Saldo\" saldo importe\n"
+                   "exportar \"Mitad\" \"debe / 2\"\n")
+            << QByteArray(
+                   "\xEF\xBB\xBF"
+                   "Cuenta;Fecha;Nº;\"Concepto; \"\"texto\"\"\";Debe;Saldo;Mitad\r\n"
+                   "43000001;02/01/2026;1;Factura 1;1210,50;1310,50;605,25\r\n"
+                   "43000001;31/01/2026;2;;0,00;310,50;0\r\n"
+                   "70000001;31/12/2026;1;\"Venta; ajuste\";5,25;5,25;2,625\r\n")
+            << QList<QStringList>{
+                   {"Cuenta", "Fecha", "Nº", "Concepto; \"texto\"", "Debe", "Saldo", "Mitad"},
+                   {"43000001", diaXlsx(2026, 1, 2), "1", "Factura 1", "1210.5", "1310.5",
+                    "605.25"},
+                   {"43000001", diaXlsx(2026, 1, 31), "2", "0", "310.5", "0"},
+                   {"70000001", diaXlsx(2026, 12, 31), "1", "Venta; ajuste", "5.25", "5.25",
+                    "2.625"}};
+        QTest::newRow("no exported columns: the query's, under their names")
+            << QString()
+            << QByteArray(
+                   "\xEF\xBB\xBF"
+                   "cuenta;fecha_apunte;numero_apunte;concepto;debe;haber;saldo_anterior\r\n"
+                   "43000001;02/01/2026;1;Factura 1;1210,50;0,00;100,00\r\n"
+                   "43000001;31/01/2026;2;;0,00;1000,00;100,00\r\n"
+                   "70000001;31/12/2026;1;\"Venta; ajuste\";5,25;0,00;0,00\r\n")
+            << QList<QStringList>{
+                   {"cuenta", "fecha_apunte", "numero_apunte", "concepto", "debe", "haber",
+                    "saldo_anterior"},
+                   {"43000001", diaXlsx(2026, 1, 2), "1", "Factura 1", "1210.5", "0", "100"},
+                   {"43000001", diaXlsx(2026, 1, 31), "2", "0", "1000", "100"},
+                   {"70000001", diaXlsx(2026, 12, 31), "1", "Venta; ajuste", "5.25", "0", "0"}};
+    }
+    void exportacionesDelInforme() {
+        QFETCH(QString, exportar);
+        QFETCH(QByteArray, csv);
+        QFETCH(QList<QStringList>, xlsx);
+        const QStringList columnas{"cuenta", "fecha_apunte", "numero_apunte", "concepto",
+                                   "debe",   "haber",        "saldo_anterior"};
+        const QList<QVariantList> filas{
+            {"43000001", "20260102", 1, "Factura 1", 1210.5, 0.0, 100.0},
+            {"43000001", "20260131", 2, QVariant(), 0.0, 1000.0, 100.0},
+            {"70000001", "20261231", 1, "Venta; ajuste", 5.25, 0.0, 0.0},
+        };
+        const Diseno d = leerDisenoTexto(QStringLiteral("acumulado dc grupo = debe\n"
+                                                        "acumulado hc grupo = haber\n"
+                                                        "calculo saldo = saldo_anterior + dc - hc\n"
+                                                        "grupo cuenta\n") +
+                                         exportar + QStringLiteral("banda detalle 4\n"));
+        QTemporaryDir dir;
+        {
+            FuenteMemoria f(columnas, filas);
+            QCOMPARE(exportarCsv(d, {}, f, dir.filePath("a.csv")), Resultado::Hecho);
+            QFile archivo(dir.filePath("a.csv"));
+            QVERIFY(archivo.open(QIODevice::ReadOnly));
+            QCOMPARE(archivo.readAll(), csv);
+        }
+        FuenteMemoria f(columnas, filas);
+        QCOMPARE(exportarXlsx(d, {}, f, dir.filePath("a.xlsx"), "Extractos"), Resultado::Hecho);
+        QCOMPARE(celdasXlsx(dir.filePath("a.xlsx")), xlsx);
     }
 };
 
