@@ -74,21 +74,38 @@ QString ExpandirCuenta(const QString& cuenta, int digitos) {
     return expandida.size() == digitos ? expandida : cuenta;
 }
 
-QString SiguienteNumero(const QString& empresa, int ejercicio, const QString& serie) {
+namespace {
+
+Conexion& conexionDeSeries() {
     if (!sesion_conexion)
         throw Error(errores::kAlmacen, QStringLiteral("No hay conexión con el almacén."));
-    Conexion& c = *sesion_conexion;
-    const QString condicion = QStringLiteral("codigo_empresa = ") + sqlTexto(empresa) +
-                              QStringLiteral(" and ejercicio = ") + QString::number(ejercicio) +
-                              QStringLiteral(" and numeracion = ") + sqlTexto(serie);
+    return *sesion_conexion;
+}
+
+QString condicionSerie(const QString& empresa, int ejercicio, const QString& serie) {
+    return QStringLiteral("codigo_empresa = ") + sqlTexto(empresa) +
+           QStringLiteral(" and ejercicio = ") + QString::number(ejercicio) +
+           QStringLiteral(" and numeracion = ") + sqlTexto(serie);
+}
+
+// The series' number moved by `paso`, with who moved it and when.
+QString moverSerie(const QString& paso) {
+    return QStringLiteral("UPDATE Numeraciones SET numero = numero ") + paso +
+           QStringLiteral(", ultima_modificacion = ") +
+           sqlTexto(QDate::currentDate().toString(QStringLiteral("yyyyMMdd"))) +
+           QStringLiteral(", ultimo_usuario = ") + sqlTexto(sesion_usuario);
+}
+
+}  // namespace
+
+QString SiguienteNumero(const QString& empresa, int ejercicio, const QString& serie) {
+    Conexion& c = conexionDeSeries();
+    const QString condicion = condicionSerie(empresa, ejercicio, serie);
     // Advancing first takes the row's write lock: a second workstation waits here and then
     // advances past the number this one takes. Read and write commit together.
     Transaccion t(c);
-    const int cambiadas = c.execute(
-        QStringLiteral("UPDATE Numeraciones SET numero = numero + 1, ultima_modificacion = ") +
-        sqlTexto(QDate::currentDate().toString(QStringLiteral("yyyyMMdd"))) +
-        QStringLiteral(", ultimo_usuario = ") + sqlTexto(sesion_usuario) +
-        QStringLiteral(" WHERE ") + condicion);
+    const int cambiadas =
+        c.execute(moverSerie(QStringLiteral("+ 1")) + QStringLiteral(" WHERE ") + condicion);
     if (cambiadas == 0) return {};
     Recordset rs = numeracion::GetList(c, condicion, {});
     if (rs.eof()) return {};
@@ -96,6 +113,18 @@ QString SiguienteNumero(const QString& empresa, int ejercicio, const QString& se
     const int longitud = rs.value(QStringLiteral("longitud")).toInt();
     t.commit();
     return QString::number(numero).rightJustified(longitud, u'0');
+}
+
+bool DevolverNumero(const QString& empresa, int ejercicio, const QString& serie, int numero) {
+    Conexion& c = conexionDeSeries();
+    // The series goes back only from where this number left it: the test and the change are
+    // one statement, so a number drawn meanwhile by another workstation keeps it where it is.
+    Transaccion t(c);
+    const int cambiadas = c.execute(moverSerie(QStringLiteral("- 1")) + QStringLiteral(" WHERE ") +
+                                    condicionSerie(empresa, ejercicio, serie) +
+                                    QStringLiteral(" and numero = ") + QString::number(numero + 1));
+    t.commit();
+    return cambiadas > 0;
 }
 
 QString NombrePC() {

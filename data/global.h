@@ -47,6 +47,11 @@ QString ExpandirCuenta(const QString& cuenta, int digitos);
 // the series' length, and advances the series in the same transaction, so that no number is
 // given twice. Empty when the series does not exist.
 QString SiguienteNumero(const QString& empresa, int ejercicio, const QString& serie);
+// Gives the number `numero`, drawn by SiguienteNumero for an entry that was then discarded,
+// back to its series, when it is still the last number drawn from it (the series stands at
+// `numero` + 1): the next drawing hands it out again. When a later number has been drawn the
+// series stays as it is and the gap remains. True when the number went back.
+bool DevolverNumero(const QString& empresa, int ejercicio, const QString& serie, int numero);
 
 QString NombrePC();
 

@@ -1,6 +1,7 @@
 #include "formulario.h"
 
 #include "geometria.h"
+#include "msgbox.h"
 
 #include <QCloseEvent>
 #include <QMdiArea>
@@ -54,9 +55,26 @@ void Formulario::showEvent(QShowEvent* evento) {
 }
 
 void Formulario::closeEvent(QCloseEvent* evento) {
+    if (!trabajoSinGrabar().isEmpty() &&
+        !confirmarDescarte({this}, QStringLiteral("¿Desea cerrar la ventana?")))
+        return evento->ignore();
     if (!conGeometria_) return evento->accept();
     geometria::guardar(ventana(), nombre());
     for (const auto& [lista, prefijo] : listas_)
         geometria::guardarColumnas(lista, nombre(), prefijo);
     evento->accept();
+}
+
+bool confirmarDescarte(const QList<Formulario*>& formularios, const QString& pregunta) {
+    QList<Formulario*> conTrabajo;
+    QStringList texto;
+    for (Formulario* f : formularios)
+        if (const QString trabajo = f->trabajoSinGrabar(); !trabajo.isEmpty()) {
+            conTrabajo << f;
+            texto << trabajo;
+        }
+    texto << pregunta;
+    if (MsgBox(texto.join(u'\n'), Icono::Pregunta) != Respuesta::Si) return false;
+    for (Formulario* f : conTrabajo) f->descartarTrabajo();
+    return true;
 }

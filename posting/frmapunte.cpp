@@ -9,6 +9,7 @@
 #include "forms/msgbox.h"
 
 #include <QAction>
+#include <QCloseEvent>
 #include <QDate>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -19,6 +20,7 @@
 #include <QTabBar>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace {
 constexpr int kCampos = 62;
@@ -33,6 +35,11 @@ QLabel* rotulo(QWidget* padre, const QString& texto, QWidget* campo) {
 
 QString hoy() {
     return QDate::currentDate().toString(QStringLiteral("dd/MM/yyyy"));
+}
+
+QString mayuscula(QString texto) {
+    if (!texto.isEmpty()) texto[0] = texto[0].toUpper();
+    return texto;
 }
 }  // namespace
 
@@ -50,8 +57,8 @@ frmApunte::~frmApunte() {
 }
 
 void frmApunte::closeEvent(QCloseEvent* evento) {
-    eventos_->silencio = true;
-    Formulario::closeEvent(evento);
+    Formulario::closeEvent(evento);  // asks first when the entry is not stored
+    if (evento->isAccepted()) eventos_->silencio = true;
 }
 
 QString frmApunte::faltaSesion() const {
@@ -205,19 +212,29 @@ QWidget* frmApunte::construirMarcoContrapartida() {
         donde->addWidget(t, ancho ? 0 : 1);
         return t;
     };
+    // The fields of the line on one row, the account's name under them.
     nuevaLinea_ = new QWidget(marco);
-    auto* linea = new QHBoxLayout(nuevaLinea_);
+    auto* linea = new QGridLayout(nuevaLinea_);
     linea->setContentsMargins(0, 0, 0, 0);
-    par(nuevaLinea_, linea, QStringLiteral("S&ubcuenta:"), 54, QStringLiteral("CUENTAS.cuenta"),
-        12);
-    par(nuevaLinea_, linea, QStringLiteral("D&ebe:"), 55, {}, 12)->setAlignment(Qt::AlignRight);
-    par(nuevaLinea_, linea, QStringLiteral("Ha&ber:"), 56, {}, 12)->setAlignment(Qt::AlignRight);
-    par(nuevaLinea_, linea, QStringLiteral("Co&ncepto:"), 57, {}, 0);
+    const std::array<std::pair<const char*, int>, 4> campos{
+        {{"S&ubcuenta:", 54}, {"D&ebe:", 55}, {"Ha&ber:", 56}, {"Co&ncepto:", 57}}};
+    for (int c = 0; c < 4; ++c) {
+        const auto [etiqueta, i] = campos[c];
+        QLineEdit* t = campo(nuevaLinea_, i, i == 54 ? QStringLiteral("CUENTAS.cuenta") : QString(),
+                             i == 57 ? 0 : 12);
+        if (i == 55 || i == 56) t->setAlignment(Qt::AlignRight);
+        linea->addWidget(rotulo(nuevaLinea_, QString::fromUtf8(etiqueta), t), 0, 2 * c);
+        linea->addWidget(t, 0, 2 * c + 1);
+    }
+    linea->setColumnStretch(7, 1);
     btnContrapartida_ = new QPushButton(QStringLiteral("Añadi&r"), nuevaLinea_);
     btnContrapartida_->setObjectName(QStringLiteral("btnContrapartida"));
     btnContrapartida_->setAutoDefault(true);
     connect(btnContrapartida_, &QPushButton::clicked, this, &frmApunte::anadirContrapartida);
-    linea->addWidget(btnContrapartida_);
+    linea->addWidget(btnContrapartida_, 0, 8);
+    des54_ = new QLabel(nuevaLinea_);
+    des54_->setObjectName(QStringLiteral("des(54)"));
+    linea->addWidget(des54_, 1, 1, 1, 7);
     caja->addWidget(nuevaLinea_);
 
     lista_ = new ListaClaves(marco);
@@ -272,6 +289,7 @@ void frmApunte::LimpiarPantalla() {
     ponerTexto(4, hoy());
     des0_->clear();
     des5_->clear();
+    des54_->clear();
     lineas_.limpiar();
     TotalesAsiento();
     for (int p = pestana() - 1; p >= 1; --p) seleccionar(p);
@@ -384,10 +402,71 @@ void frmApunte::alPulsar(const QString& clave) {
     }
     if (clave == claves::insertar || clave == claves::modificar)
         MsgBox(MensajeError(1039), Icono::Critico);
-    else if (clave == claves::cancelar)
-        LimpiarPantalla();
-    else if (clave == claves::lupa)
+    else if (clave == claves::cancelar) {
+        if (sinGrabar() && MsgBox(QStringLiteral("%1 no está grabado. ¿Desea descartarlo y "
+                                                 "empezar uno nuevo?")
+                                      .arg(mayuscula(nombreAsiento())),
+                                  Icono::Pregunta) != Respuesta::Si)
+            return;
+        descartarTrabajo();
+    } else if (clave == claves::lupa)
         Protegido([this] { MostrarLupa(this); });
     else if (clave == claves::borrar)
         BorrarAsiento();
+}
+
+// --- Unsaved work and the number drawn for it ------------------------------------------------
+
+bool frmApunte::sinGrabar() const {
+    if (mostrando_) return false;  // what is shown is stored
+    if (lineas_.cuantas() > 0) return true;
+    for (int i : {0, 1, 2, 5, 6, 7, 8, 54, 55, 56, 57})
+        if (!txt_[i]->text().isEmpty()) return true;
+    return false;
+}
+
+QString frmApunte::nombreAsiento() const {
+    const QString numero = txt_[2]->text();
+    return numero.isEmpty() || numero == u"0" ? QStringLiteral("el asiento en curso")
+                                              : QStringLiteral("el asiento ") + numero;
+}
+
+QString frmApunte::trabajoSinGrabar() const {
+    if (!sinGrabar()) return {};
+    return QStringLiteral("En «%1», %2 no está grabado y se descartará.")
+        .arg(windowTitle(), nombreAsiento());
+}
+
+void frmApunte::descartarTrabajo() {
+    devolverNumero();
+    LimpiarPantalla();
+}
+
+// After "0" became a number of the series in txt(2): the number is this entry's until the entry
+// is stored, or goes back when it is discarded.
+void frmApunte::anotarNumero(const QString& texto) {
+    const QString cifras = texto.mid(documento_.identificador.size());
+    if (cifras.isEmpty()) return;  // the document has no series this year: nothing was drawn
+    tomado_ = NumeroTomado{sesion_empresa,  sesion_ejercicio,         documento_.numeracion,
+                           txt_[1]->text(), documento_.identificador, texto,
+                           cifras.toInt()};
+}
+
+// Another document numbered by the same series with the same prefix takes the number drawn as
+// it is; any other goes back to its series, and the new document draws its own.
+void frmApunte::cambiarDocumentoDelNumero(const QString& documento) {
+    std::optional<DocumentoApunte> d;
+    Protegido([&] { d = CargarDocumento(documento); });
+    if (d && d->numeracion == tomado_->serie && d->identificador == tomado_->identificador) {
+        tomado_->documento = documento;
+        return;
+    }
+    devolverNumero();
+    ponerTexto(2, QString());
+}
+
+void frmApunte::devolverNumero() {
+    if (!tomado_) return;
+    const NumeroTomado n = *std::exchange(tomado_, std::nullopt);
+    Protegido([&] { DevolverNumero(n.empresa, n.ejercicio, n.serie, n.numero); });
 }

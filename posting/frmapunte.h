@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <array>
+#include <optional>
 
 class EventosCampos;
 class ListaClaves;
@@ -28,6 +29,11 @@ class QTreeWidgetItem;
 //
 // An entry typed by its number is shown read-only: the tabs can be walked, `cancelar` leaves
 // it and `borrar` removes it with everything that hangs from it.
+//
+// An entry typed and not stored is not thrown away unasked: `cancelar` and closing the window
+// ask first, and the main window asks through trabajoSinGrabar(). A number drawn with "0" for
+// an entry that is then discarded, or replaced by another, goes back to its series when no
+// later number has been drawn from it.
 class frmApunte : public Formulario {
     Q_OBJECT
 public:
@@ -36,9 +42,12 @@ public:
 
     QString faltaSesion() const override;
     QToolBar* barra() const override { return toolbar_; }
+    QString trabajoSinGrabar() const override;
+    void descartarTrabajo() override;
 
     QLineEdit* txt(int i) const { return txt_.at(i); }
-    QLabel* des(int i) const { return i == 0 ? des0_ : des5_; }
+    // The descriptions beside the journal (0), the account (5) and the counterpart's account (54).
+    QLabel* des(int i) const { return i == 0 ? des0_ : i == 5 ? des5_ : des54_; }
     QPushButton* ant(int i) const { return ant_.at(i); }
     QPushButton* sig(int i) const { return sig_.at(i); }
     QPushButton* btnContrapartida() const { return btnContrapartida_; }
@@ -50,6 +59,8 @@ public:
     int marco() const;
     // Whether an entry of the store is on show (read-only).
     bool mostrando() const { return mostrando_; }
+    // Whether a new entry has been typed, in any field but the two dates, or has lines.
+    bool sinGrabar() const;
 
     // The third party's usual counterpart account, proposed once on the last tab.
     void ponerCtaContrapartida(const QString& cuenta) { CtaContrapartida = cuenta; }
@@ -99,6 +110,21 @@ private:
     void GrabarAsiento();
     void BorrarAsiento();
 
+    // The entry's number when it was drawn with "0": where it came from, to give it back.
+    struct NumeroTomado {
+        QString empresa;
+        int ejercicio = 0;
+        QString serie;
+        QString documento;  // txt(1) it was drawn for
+        QString identificador;
+        QString texto;  // txt(2) as it was drawn, prefix included
+        int numero = 0;
+    };
+    void anotarNumero(const QString& texto);
+    void cambiarDocumentoDelNumero(const QString& documento);
+    void devolverNumero();
+    QString nombreAsiento() const;  // "el asiento FV00027", or "el asiento en curso"
+
     QToolBar* toolbar_ = nullptr;
     QTabBar* tabs_ = nullptr;
     QStackedWidget* pila_ = nullptr;
@@ -107,6 +133,7 @@ private:
     QList<QLineEdit*> txt_;
     QLabel* des0_ = nullptr;
     QLabel* des5_ = nullptr;
+    QLabel* des54_ = nullptr;
     QList<QPushButton*> ant_, sig_;
     QPushButton* btnContrapartida_ = nullptr;
     ListaClaves* lista_ = nullptr;
@@ -119,4 +146,5 @@ private:
     DocumentoApunte documento_;  // partida, numeracion, cartera, identificador
     QString CtaContrapartida;
     bool mostrando_ = false;
+    std::optional<NumeroTomado> tomado_;  // until the entry is stored or discarded
 };

@@ -8,6 +8,7 @@
 #include "data/mensajes.h"
 #include "forms/barra.h"
 #include "forms/campos.h"
+#include "forms/estado.h"
 #include "forms/lista.h"
 #include "forms/msgbox.h"
 #include "frmapunte.h"
@@ -23,10 +24,17 @@
 void frmApunte::alFoco(int i) {
     Boton(toolbar_, claves::lupa)->setEnabled(!txt_[i]->property("Tag").toString().isEmpty());
     if (i == 54) ContrapartidaAutomatica();
+    // A counterpart line's concept is the entry's unless the user writes another; it arrives
+    // selected, so that typing replaces it.
+    if (i == 57 && txt_[57]->text().isEmpty()) ponerTexto(57, txt_[8]->text());
 }
 
 bool frmApunte::comprobar(int i) {
     QString texto = txt_[i]->text();
+    // A number drawn for this entry and no longer in its field goes back to its series before
+    // anything else is drawn: another "0" then receives it again.
+    if (i == 2 && tomado_ && texto.toUpper() != tomado_->texto) devolverNumero();
+    const bool sacarNumero = i == 2 && texto == u"0";
     int codigo = 0;
     QString descripcion;
     const bool hecho = Protegido([&] {
@@ -34,15 +42,18 @@ bool frmApunte::comprobar(int i) {
             codigo =
                 validacion::ValidarCabecera(i, texto, txt_[1]->text(), documento_, &descripcion);
         else if (i >= 54 && i <= 56)
-            codigo = validacion::ValidarContrapartida(i, texto);
+            codigo = validacion::ValidarContrapartida(i, texto, &descripcion);
     });
     if (texto != txt_[i]->text()) ponerTexto(i, texto);
     if (!hecho) return false;
+    if (sacarNumero) anotarNumero(texto);
+    if (i == 54) des54_->setText(codigo == 0 ? descripcion : QString());
     if (codigo != 0) {
         MsgBox(MensajeError(codigo), Icono::Critico);
         return false;
     }
     if ((i == 0 || i == 5) && !texto.isEmpty()) (i == 0 ? des0_ : des5_)->setText(descripcion);
+    if (i == 1 && tomado_ && texto != tomado_->documento) cambiarDocumentoDelNumero(texto);
     return true;
 }
 
@@ -94,7 +105,9 @@ void frmApunte::CargarAsiento() {
     }
     lineas_ = a.lineas;
     TotalesAsiento();
-    // Shown, not edited: the tabs can be walked, the entry left or deleted.
+    // Shown, not edited: the tabs can be walked, the entry left or deleted. A number just
+    // drawn that turns out to be a stored entry's is that entry's: it does not go back.
+    tomado_.reset();
     mostrando_ = true;
     activarMarcos(false);
     Boton(toolbar_, claves::insertar)->setEnabled(false);
@@ -123,6 +136,7 @@ void frmApunte::anadirContrapartida() {
         TotalesAsiento();
     }
     for (int i = 54; i <= 57; ++i) ponerTexto(i, QString());
+    des54_->clear();
     txt_[54]->setFocus();
 }
 
@@ -144,6 +158,7 @@ void frmApunte::ContrapartidaAutomatica() {
     });
     TotalesAsiento();
     for (int i = 54; i <= 57; ++i) ponerTexto(i, QString());
+    des54_->clear();
 }
 
 void frmApunte::alActivarLinea(QTreeWidgetItem* fila) {
@@ -161,6 +176,9 @@ void frmApunte::alActivarLinea(QTreeWidgetItem* fila) {
         ponerTexto(55, textoPantalla(l.debe));
         ponerTexto(56, textoPantalla(l.haber));
         ponerTexto(57, l.concepto);
+        QString cuenta = l.cuenta, descripcion;
+        Protegido([&] { validacion::ValidarContrapartida(54, cuenta, &descripcion); });
+        des54_->setText(descripcion);
         TotalesAsiento();
         txt_[54]->setFocus();
     }
@@ -192,8 +210,17 @@ void frmApunte::GrabarAsiento() {
     const CabeceraAsiento cabecera{txt_[0]->text(), txt_[1]->text(), txt_[2]->text(),
                                    txt_[3]->text(), txt_[4]->text(), txt_[7]->text()};
     // Whole or nothing: a failure leaves the store as it was and the entry on the screen.
-    if (Protegido([&] { ::GrabarAsiento(*sesion_conexion, cabecera, lineas_, sesion_usuario); }))
-        LimpiarPantalla();
+    int grabadas = 0;
+    if (!Protegido([&] {
+            grabadas = ::GrabarAsiento(*sesion_conexion, cabecera, lineas_, sesion_usuario);
+        }))
+        return;
+    tomado_.reset();  // the number is the stored entry's for good
+    estado::mostrar(QStringLiteral("Asiento %1 grabado, %2")
+                        .arg(cabecera.numero, grabadas == 1
+                                                  ? QStringLiteral("1 línea")
+                                                  : QStringLiteral("%1 líneas").arg(grabadas)));
+    LimpiarPantalla();
 }
 
 void frmApunte::BorrarAsiento() {
@@ -215,5 +242,5 @@ void frmApunte::BorrarAsiento() {
             Apuntes::Delete(*sesion_conexion, sesion_empresa, sesion_delegacion, documento, numero,
                             0, false);
         }))
-        LimpiarPantalla();
+        descartarTrabajo();  // a new entry's number, never stored, goes back
 }

@@ -17,11 +17,13 @@ bool seGraba(const QString& tipo) {
 
 }  // namespace
 
-void GrabarAsiento(Conexion& conexion, const CabeceraAsiento& cabecera, const LineasAsiento& lineas,
-                   const QString& usuario, const std::function<void(Conexion&)>& dependientes) {
+int GrabarAsiento(Conexion& conexion, const CabeceraAsiento& cabecera, const LineasAsiento& lineas,
+                  const QString& usuario, const std::function<void(Conexion&)>& dependientes) {
     Transaccion t(conexion);
+    int escritas = 0;
     for (const LineaApunte& l : lineas.lineas()) {
         if (!seGraba(l.tipo)) continue;
+        ++escritas;
         Apuntes::Insert(conexion, sesion_empresa, sesion_delegacion, cabecera.documento,
                         cabecera.numero, l.numero, cabecera.diario, cabecera.fecha,
                         cabecera.fechaDocumento, cabecera.referencia, l.cuenta, l.concepto, l.debe,
@@ -29,6 +31,7 @@ void GrabarAsiento(Conexion& conexion, const CabeceraAsiento& cabecera, const Li
     }
     if (dependientes) dependientes(conexion);
     t.commit();
+    return escritas;
 }
 
 AsientoLeido LeerAsiento(Conexion& conexion, const QString& documento, const QString& numero) {

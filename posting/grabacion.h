@@ -20,9 +20,9 @@ struct CabeceraAsiento {
 // Writes the entry whole or not at all: its lines, then what `dependientes` writes (the VAT
 // and withholding register rows, the due items it opens or closes), in one transaction on the
 // connection. A failure rolls everything back and is thrown; nothing of the entry remains.
-// Lines of a kind the form does not make are not written.
-void GrabarAsiento(Conexion& conexion, const CabeceraAsiento& cabecera, const LineasAsiento& lineas,
-                   const QString& usuario, const std::function<void(Conexion&)>& dependientes = {});
+// Lines of a kind the form does not make are not written. Gives the number of lines written.
+int GrabarAsiento(Conexion& conexion, const CabeceraAsiento& cabecera, const LineasAsiento& lineas,
+                  const QString& usuario, const std::function<void(Conexion&)>& dependientes = {});
 
 // An entry of the session's company and branch as the form shows it: the header and the main
 // line from its "P" line, and its lines of the kinds the form makes but "GC", renumbered

@@ -101,11 +101,15 @@ int ValidarCabecera(int indice, QString& texto, const QString& documento,
     return mensaje;
 }
 
-int ValidarContrapartida(int indice, QString& texto) {
+int ValidarContrapartida(int indice, QString& texto, QString* descripcion) {
     if (texto.isEmpty()) return 0;
     switch (indice) {
-        case 54:
-            return cuentaDePases(texto) == QStringLiteral("#") ? 1001 : 0;
+        case 54: {
+            const QString hallado = cuentaDePases(texto);
+            if (hallado == QStringLiteral("#")) return 1001;
+            if (descripcion) *descripcion = hallado;
+            return 0;
+        }
         case 55:
         case 56:
             return formato::IsNumeric(texto) ? 0 : 1004;

@@ -15,8 +15,8 @@ namespace validacion {
 int ValidarCabecera(int indice, QString& texto, const QString& documento,
                     const DocumentoApunte& doc, QString* descripcion = nullptr);
 
-// Fields 54 to 56, the counterpart line.
-int ValidarContrapartida(int indice, QString& texto);
+// Fields 54 to 56, the counterpart line; the account's description goes to `descripcion`.
+int ValidarContrapartida(int indice, QString& texto, QString* descripcion = nullptr);
 
 // The entry as a whole before it is written: the posting date inside the fiscal year (1027)
 // and inside the posting window when both its bounds are set (1029), and an exact balance

@@ -2,6 +2,8 @@
 
 #include "data/arranque.h"
 #include "data/global.h"
+#include "forms/estado.h"
+#include "forms/formulario.h"
 #include "forms/formularios.h"
 #include "forms/geometria.h"
 #include "forms/msgbox.h"
@@ -78,6 +80,7 @@ frmMain::frmMain() {
             estado->addPermanentWidget(panel);
         paneles_ << panel;
     }
+    estado::establecerPanel(paneles_.first());  // where the forms say what they have done
     actualizarReloj();
     auto* reloj = new QTimer(this);
     connect(reloj, &QTimer::timeout, this, &frmMain::actualizarReloj);
@@ -92,16 +95,17 @@ frmMain::frmMain() {
         if (frmMenu* m = menu()) formularios::mostrar(m);
     });
 
+    // Both ask once, naming what the open forms hold unsaved; on Yes that work is discarded
+    // (a number drawn for it goes back to its series) before the session ends.
     connect(reiniciar_, &QPushButton::clicked, this, [] {
-        if (MsgBox(
-                QStringLiteral("¿Realmente desea cambiar de empresa ") + tituloAplicacion() + u'?',
-                Icono::Pregunta) == Respuesta::Si)
-            CambiarSesion();
+        const QString pregunta =
+            QStringLiteral("¿Realmente desea cambiar de empresa ") + tituloAplicacion() + u'?';
+        if (confirmarDescarte(formularios::abiertos(), pregunta)) CambiarSesion();
     });
     connect(salir_, &QPushButton::clicked, this, [] {
-        if (MsgBox(QStringLiteral("¿Realmente quiere salir de ") + tituloAplicacion() + u'?',
-                   Icono::Pregunta) == Respuesta::Si)
-            terminarProceso();
+        const QString pregunta =
+            QStringLiteral("¿Realmente quiere salir de ") + tituloAplicacion() + u'?';
+        if (confirmarDescarte(formularios::abiertos(), pregunta)) terminarProceso();
     });
 
     // Until Saldeva.ini says otherwise, most of the screen.

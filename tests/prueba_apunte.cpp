@@ -1,12 +1,16 @@
 // The entry form driven as a bookkeeper drives it: header, main line, the tabs, counterpart
 // lines and insertar from the keyboard; the refusals of the final checks with nothing written;
-// an entry shown by its number and deleted with what hangs from it; and a save that fails half
-// way leaving the store untouched and the entry on the screen.
+// an entry shown by its number and deleted with what hangs from it; a save that fails half
+// way leaving the store untouched and the entry on the screen; an entry not stored that no
+// road throws away unasked, and the number drawn for it given back to its series.
 #include "comun/almacen_prueba.h"
 #include "comun/asiento_prueba.h"
 #include "comun/gui_prueba.h"
+#include "comun/sesion_prueba.h"
 #include "data/entidades/apuntes.h"
 #include "data/entidades/cartera.h"
+#include "data/entidades/documentos.h"
+#include "data/entidades/numeracion.h"
 #include "data/entidades/registroirpf.h"
 #include "data/entidades/registroiva.h"
 #include "data/global.h"
@@ -17,6 +21,9 @@
 #include "posting/formularios_asientos.h"
 #include "posting/frmapunte.h"
 #include "posting/grabacion.h"
+#include "session/frmlogin.h"
+#include "session/frmmain.h"
+#include "session/sesion.h"
 
 #include <QAction>
 #include <QApplication>
@@ -80,23 +87,54 @@ void dobleClicEnLinea(frmApunte* f, int fila) {
     QApplication::processEvents();
 }
 
+// The entry form inside the main window of a session, as the menu opens it.
+frmApunte* abrirEnPrincipal() {
+    VentanasPrograma().mostrarPrincipal();
+    activar(principal());
+    return abrirApunte();
+}
+
+// The number the series FAC hands out next.
+int siguienteDeLaSerie() {
+    return numeracion::GetList(*sesion_conexion, "numeracion = 'FAC'", {})["numero"].toInt();
+}
+
+// An entry of the store, FV00020, to be shown by its number.
+void grabarFv20() {
+    LineasAsiento l;
+    l.AnadirLinea(0, "", "43000001", 100, 0, "Cobro", "P");
+    l.AnadirLinea(0, "", "70000001", 0, 100, "Cobro", "CP");
+    GrabarAsiento(*sesion_conexion, {"GEN", "FV", "FV00020", "15/03/" + kAnio, "", ""}, l, "ANA");
+}
+
+// The four roads that would throw an entry away.
+enum class Camino { Cerrar, Cancelar, Salir, CambioDeSesion };
+
 }  // namespace
+
+Q_DECLARE_METATYPE(Camino)
+Q_DECLARE_METATYPE(Respuesta)
 
 class PruebaApunte : public QObject {
     Q_OBJECT
     std::unique_ptr<AlmacenPrueba> almacen;
+    int finales = 0;  // the ends of the run that Salir asked for
 private Q_SLOTS:
     void initTestCase() {
         CREAR_ALMACEN(almacen);
         silenciarAvisosDePlataforma();
         registrarFormulariosAsientos();
+        establecerFinProceso([this] { ++finales; });
     }
     void init() {
         almacen->nuevo();
         prepararAsientos();
+        finales = 0;
     }
     void cleanup() {
         for (Formulario* f : formularios::abiertos()) delete f->ventana();
+        delete principal();
+        olvidarPrincipal();
     }
     void cleanupTestCase() { almacen.reset(); }
 
@@ -395,6 +433,277 @@ private Q_SLOTS:
         QCOMPARE(buzon.textos.size(), 1);
         QCOMPARE(lineasGuardadas().size(), 3);
         QCOMPARE(filas("Apuntes", "numero_documento = 'FV00027' AND codigo_diario = 'GEN'"), 3);
+    }
+
+    // Closing the window, cancelar, Salir and the change of session each ask before an entry
+    // typed and not stored is lost, in one question; No keeps it on the screen with its
+    // number, Yes discards it and gives the number back. A form untouched or showing a stored
+    // entry holds nothing to lose: the first two roads ask nothing, the last two only their
+    // own question.
+    void descartarPreguntando_data() {
+        QTest::addColumn<QString>("estado");  // "escrito", "sin numero", "intacto", "mostrado"
+        QTest::addColumn<Camino>("camino");
+        QTest::addColumn<Respuesta>("respuesta");
+        QTest::addColumn<QStringList>("preguntas");
+        QTest::addColumn<bool>("abierto");    // the form open afterwards
+        QTest::addColumn<QString>("numero");  // txt(2) afterwards, when open
+        QTest::addColumn<int>("siguiente");   // the series' next number afterwards
+        const QString aviso =
+            "En «Entrada de apuntes», el asiento FV00027 no está grabado y se descartará.\n";
+        const QString cerrar = "¿Desea cerrar la ventana?";
+        const QString cancelar =
+            "El asiento FV00027 no está grabado. ¿Desea descartarlo y empezar uno nuevo?";
+        const QString salir = "¿Realmente quiere salir de Saldeva?";
+        const QString cambio = "¿Realmente desea cambiar de empresa Saldeva?";
+        const auto no = Respuesta::No, si = Respuesta::Si;
+        const auto uno = [](const QString& t) { return QStringList{t}; };
+        QTest::newRow("typed, closed, No")
+            << "escrito" << Camino::Cerrar << no << uno(aviso + cerrar) << true << "FV00027" << 28;
+        QTest::newRow("typed, closed, Yes")
+            << "escrito" << Camino::Cerrar << si << uno(aviso + cerrar) << false << "" << 27;
+        QTest::newRow("typed, cancelar, No")
+            << "escrito" << Camino::Cancelar << no << uno(cancelar) << true << "FV00027" << 28;
+        QTest::newRow("typed, cancelar, Yes")
+            << "escrito" << Camino::Cancelar << si << uno(cancelar) << true << "" << 27;
+        QTest::newRow("typed, Salir, No")
+            << "escrito" << Camino::Salir << no << uno(aviso + salir) << true << "FV00027" << 28;
+        QTest::newRow("typed, Salir, Yes")
+            << "escrito" << Camino::Salir << si << uno(aviso + salir) << true << "" << 27;
+        QTest::newRow("typed, change of session, No")
+            << "escrito" << Camino::CambioDeSesion << no << uno(aviso + cambio) << true << "FV00027"
+            << 28;
+        QTest::newRow("typed, change of session, Yes") << "escrito" << Camino::CambioDeSesion << si
+                                                       << uno(aviso + cambio) << false << "" << 27;
+        QTest::newRow("no number yet, cancelar, No")
+            << "sin numero" << Camino::Cancelar << no
+            << uno("El asiento en curso no está grabado. ¿Desea descartarlo y empezar uno nuevo?")
+            << true << "" << 27;
+        QTest::newRow("no number yet, Salir, No")
+            << "sin numero" << Camino::Salir << no
+            << uno("En «Entrada de apuntes», el asiento en curso no está grabado y se "
+                   "descartará.\n" +
+                   salir)
+            << true << "" << 27;
+        QTest::newRow("untouched, closed")
+            << "intacto" << Camino::Cerrar << si << QStringList() << false << "" << 27;
+        QTest::newRow("untouched, cancelar")
+            << "intacto" << Camino::Cancelar << si << QStringList() << true << "" << 27;
+        QTest::newRow("untouched, Salir")
+            << "intacto" << Camino::Salir << si << uno(salir) << true << "" << 27;
+        QTest::newRow("untouched, change of session")
+            << "intacto" << Camino::CambioDeSesion << si << uno(cambio) << false << "" << 27;
+        QTest::newRow("shown, closed")
+            << "mostrado" << Camino::Cerrar << si << QStringList() << false << "" << 27;
+        QTest::newRow("shown, cancelar")
+            << "mostrado" << Camino::Cancelar << si << QStringList() << true << "" << 27;
+        QTest::newRow("shown, Salir")
+            << "mostrado" << Camino::Salir << si << uno(salir) << true << "FV00020" << 27;
+        QTest::newRow("shown, change of session")
+            << "mostrado" << Camino::CambioDeSesion << si << uno(cambio) << false << "" << 27;
+    }
+    void descartarPreguntando() {
+        QFETCH(QString, estado);
+        QFETCH(Camino, camino);
+        QFETCH(Respuesta, respuesta);
+        QFETCH(QStringList, preguntas);
+        QFETCH(bool, abierto);
+        QFETCH(QString, numero);
+        QFETCH(int, siguiente);
+        if (estado == "mostrado") grabarFv20();
+        frmApunte* f = abrirEnPrincipal();
+        QVERIFY(f);
+        if (estado == "escrito") {
+            cabecera(f, "100");
+            QCOMPARE(f->txt(2)->text(), QStringLiteral("FV00027"));
+        } else if (estado == "sin numero") {
+            teclear(f->txt(0), "gen");
+        } else if (estado == "mostrado") {
+            teclear(f->txt(1), "fv");
+            teclear(f->txt(2), "fv00020");
+            QVERIFY(f->mostrando());
+        }
+        const bool conTrabajo = estado == "escrito" || estado == "sin numero";
+
+        Buzon buzon;
+        buzon.respuestas = {respuesta};
+        switch (camino) {
+            case Camino::Cerrar:
+                f->ventana()->close();
+                break;
+            case Camino::Cancelar:
+                pulsar(kCancelar);
+                break;
+            case Camino::Salir:
+                principal()->cmdSalir()->click();
+                break;
+            case Camino::CambioDeSesion:
+                // Agreed, the change goes on to the login, which is cancelled.
+                if (respuesta == Respuesta::Si)
+                    responderLogin([](frmLogin& login) { login.cmdCancel()->click(); });
+                principal()->cmdReiniciar()->click();
+                break;
+        }
+        QCOMPARE(buzon.textos, preguntas);
+        QCOMPARE(buzon.iconos, QList<Icono>(preguntas.size(), Icono::Pregunta));
+        QCOMPARE(bool(formularios::buscar("frmApunte")), abierto);
+        if (abierto) {
+            QCOMPARE(f->txt(2)->text(), numero);
+            // Kept, the entry is all there; discarded, nothing of it.
+            const bool sigue = conTrabajo && respuesta == Respuesta::No;
+            QCOMPARE(f->sinGrabar(), sigue);
+            if (estado == "escrito")
+                QCOMPARE(f->txt(8)->text(), sigue ? QStringLiteral("Factura 27") : QString());
+        }
+        QCOMPARE(siguienteDeLaSerie(), siguiente);
+        QCOMPARE(finales, camino == Camino::Salir && respuesta == Respuesta::Si ? 1 : 0);
+        // Agreed once, the change of session closes every form without asking again.
+        if (camino == Camino::CambioDeSesion && respuesta == Respuesta::Si)
+            QCOMPARE(formularios::abiertos(), QList<Formulario*>());
+    }
+
+    // A number drawn with "0" and then let go goes back to its series when nothing was drawn
+    // from the series after it, so that one workstation leaves no gap; a number drawn
+    // meanwhile keeps the gap; a stored entry keeps its number.
+    void numeroDeLaSerie_data() {
+        QTest::addColumn<QString>("despues");  // what follows the drawing of FV00027
+        QTest::addColumn<QString>("numero");   // txt(2) afterwards
+        QTest::addColumn<int>("siguiente");    // the series' next number
+        QTest::newRow("discarded with cancelar: no gap") << "cancelar"
+                                                         << "" << 27;
+        QTest::newRow("another 0 receives the same number") << "otro 0"
+                                                            << "FV00027" << 28;
+        QTest::newRow("another number typed over it") << "FV00099"
+                                                      << "FV00099" << 27;
+        QTest::newRow("number erased") << ""
+                                       << "" << 27;
+        QTest::newRow("another document of the same series and prefix") << "documento fr"
+                                                                        << "FV00027" << 28;
+        QTest::newRow("a document of another series") << "documento ab"
+                                                      << "" << 27;
+        QTest::newRow("a later number drawn elsewhere: the gap stays") << "otro puesto y cancelar"
+                                                                       << "" << 29;
+        QTest::newRow("stored: the number is the entry's") << "grabar"
+                                                           << "" << 28;
+    }
+    void numeroDeLaSerie() {
+        QFETCH(QString, despues);
+        QFETCH(QString, numero);
+        QFETCH(int, siguiente);
+        Buzon buzon;
+        buzon.respuestas = {Respuesta::Si};
+        frmApunte* f = abrirApunte();
+        cabecera(f, "0");
+        QCOMPARE(f->txt(2)->text(), QStringLiteral("FV00027"));
+        QCOMPARE(siguienteDeLaSerie(), 28);
+        if (despues == "cancelar") {
+            pulsar(kCancelar);
+        } else if (despues == "otro 0") {
+            teclear(f->txt(2), "0");
+        } else if (despues.startsWith("documento")) {
+            numeracion::Insert(*sesion_conexion, "EMP", sesion_ejercicio, "ABO", 5, 1, "Abonos",
+                               "PRUEBA");
+            Documentos::Insert(*sesion_conexion, "EMP", "AB", "Abono", "H", "N", "N", "ABO", "AB",
+                               "PRUEBA");
+            teclear(f->txt(1), despues.section(' ', 1));
+        } else if (despues == "otro puesto y cancelar") {
+            QCOMPARE(SiguienteNumero("EMP", sesion_ejercicio, "FAC"), QStringLiteral("00028"));
+            pulsar(kCancelar);
+        } else if (despues == "grabar") {
+            pulsar(kSiguiente);
+            pulsar(kInsertar);
+            QCOMPARE(lineasGuardadas(), QStringList{"1|43000001|0|0|P"});
+        } else {
+            teclear(f->txt(2), despues);
+        }
+        QCOMPARE(f->txt(2)->text(), numero);
+        QCOMPARE(siguienteDeLaSerie(), siguiente);
+        QCOMPARE(buzon.textos.size(), despues.contains("cancelar") ? 1 : 0);
+    }
+
+    // F2 says in the main window's state panel which entry it stored and with how many lines.
+    void estadoTrasGrabar_data() {
+        QTest::addColumn<QString>("importe");
+        QTest::addColumn<QStringList>("lineas");  // "account;debit;credit"
+        QTest::addColumn<QString>("estado");
+        QTest::newRow("one line") << "0" << QStringList() << "Asiento FV00027 grabado, 1 línea";
+        QTest::newRow("two lines")
+            << "100" << QStringList{"70.1;;100"} << "Asiento FV00027 grabado, 2 líneas";
+        QTest::newRow("three lines") << "1210,5" << QStringList{"70.1;;1000", "477.1;;210,5"}
+                                     << "Asiento FV00027 grabado, 3 líneas";
+    }
+    void estadoTrasGrabar() {
+        QFETCH(QString, importe);
+        QFETCH(QStringList, lineas);
+        QFETCH(QString, estado);
+        Buzon buzon;
+        frmApunte* f = abrirEnPrincipal();
+        QCOMPARE(principal()->panel(1)->text(), QStringLiteral("Estado"));
+        cabecera(f, importe);
+        pulsar(kSiguiente);
+        for (const QString& l : lineas)
+            contrapartida(f, l.section(';', 0, 0), l.section(';', 1, 1), l.section(';', 2, 2));
+        QCOMPARE(principal()->panel(1)->text(), QStringLiteral("Estado"));
+        pulsar(kInsertar);
+        QCOMPARE(buzon.textos, QStringList());
+        QCOMPARE(lineasGuardadas().size(), lineas.size() + 1);
+        QCOMPARE(principal()->panel(1)->text(), estado);
+    }
+
+    // A counterpart line shows its account's name once the account is left, and arrives at
+    // its concept with the entry's, which the user may keep, replace or erase. Added, the line
+    // leaves the fields and the name empty; taken back, it brings both again.
+    void subcuentaYConcepto_data() {
+        QTest::addColumn<QString>("cuenta");
+        QTest::addColumn<QString>("nombre");    // beside the account once it is left
+        QTest::addColumn<QString>("concepto");  // typed over the proposal; null: kept
+        QTest::addColumn<QString>("enLinea");   // the concept of the line added
+        QTest::newRow("proposal kept") << "70.1"
+                                       << "Subcuenta 70000001" << QString() << "Factura 27";
+        QTest::newRow("proposal replaced") << "477.1"
+                                           << "Subcuenta 47700001"
+                                           << "IVA repercutido"
+                                           << "IVA repercutido";
+        QTest::newRow("proposal erased") << "70.1"
+                                         << "Subcuenta 70000001"
+                                         << ""
+                                         << "";
+    }
+    void subcuentaYConcepto() {
+        QFETCH(QString, cuenta);
+        QFETCH(QString, nombre);
+        QFETCH(QString, concepto);
+        QFETCH(QString, enLinea);
+        Buzon buzon;
+        frmApunte* f = abrirApunte();
+        cabecera(f, "100");
+        pulsar(kSiguiente);
+        QCOMPARE(f->des(54)->text(), QString());
+        teclear(f->txt(54), cuenta);
+        QCOMPARE(f->des(54)->text(), nombre);
+        teclear(f->txt(55), "");
+        teclear(f->txt(56), "100");
+        QCOMPARE(QApplication::focusWidget(), f->txt(57));
+        QCOMPARE(f->txt(57)->text(), QStringLiteral("Factura 27"));
+        if (concepto.isNull())
+            salir(f->txt(57));
+        else
+            teclear(f->txt(57), concepto);
+        QCOMPARE(QApplication::focusWidget(), f->btnContrapartida());
+        QTest::keyClick(f->btnContrapartida(), Qt::Key_Return);
+        QCOMPARE(f->ListViewApunte()->filas(), 2);
+        QCOMPARE(f->ListViewApunte()->texto(1, 5), enLinea);
+        QCOMPARE(f->des(54)->text() + f->txt(54)->text() + f->txt(57)->text(), QString());
+
+        dobleClicEnLinea(f, 1);
+        QCOMPARE(f->des(54)->text(), nombre);
+        QCOMPARE(f->txt(57)->text(), enLinea);
+        // Emptied, the account has no name beside it; a refused one neither.
+        teclear(f->txt(54), "");
+        QCOMPARE(f->des(54)->text(), QString());
+        teclear(f->txt(54), cuenta);
+        teclear(f->txt(54), "430");
+        QCOMPARE(f->des(54)->text(), QString());
+        QCOMPARE(buzon.textos, QStringList{"Cuenta contable inexistente."});
     }
 
     void sinEjercicio() {
