@@ -1,5 +1,6 @@
 #include "formulario.h"
 
+#include "formularios.h"
 #include "geometria.h"
 #include "msgbox.h"
 
@@ -41,6 +42,9 @@ void Formulario::showEvent(QShowEvent* evento) {
     restaurada_ = true;
     QWidget* marco = ventana();
     if (inicial_.isValid()) marco->resize(marco->size() - size() + inicial_);
+    // Until Saldeva.ini has a place for it, a new window starts right of the menu.
+    if (const int margen = formularios::margenIzquierdo(marco); marco->x() < margen)
+        marco->move(margen, marco->y());
     geometria::restaurar(marco, nombre());
     // A window placed where the free room ended would start beyond the area's right or
     // bottom edge: it is drawn back inside, as far as its size allows.

@@ -8,6 +8,7 @@
 #include <QHash>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QPointer>
 
 namespace formularios {
@@ -90,6 +91,11 @@ void mostrar(Formulario* formulario) {
     if (areaActual()) {
         QMdiSubWindow* sub = areaActual()->addSubWindow(formulario);
         sub->setAttribute(Qt::WA_DeleteOnClose);
+        // Each window's own menu would claim Ctrl+F4 (and Ctrl+W) for itself: with two windows
+        // open the key is ambiguous and does nothing. The main window takes it for the active
+        // one instead.
+        if (QMenu* sistema = sub->systemMenu())
+            for (QAction* accion : sistema->actions()) accion->setShortcuts({});
         sub->setWindowIcon(QApplication::windowIcon());
     } else {
         formulario->setAttribute(Qt::WA_DeleteOnClose);

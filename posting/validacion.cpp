@@ -93,7 +93,7 @@ int ValidarCabecera(int indice, QString& texto, const QString& documento,
             mensaje = hallado == QStringLiteral("#") ? 1001 : 0;
             break;
         case 6:
-            return formato::IsNumeric(texto) ? 0 : 1004;
+            return formato::leerImporte(texto) ? 0 : 1004;
         default:
             return 0;
     }
@@ -112,7 +112,7 @@ int ValidarContrapartida(int indice, QString& texto, QString* descripcion) {
         }
         case 55:
         case 56:
-            return formato::IsNumeric(texto) ? 0 : 1004;
+            return formato::leerImporte(texto) ? 0 : 1004;
         default:
             return 0;
     }

@@ -16,11 +16,13 @@
 #include <QDateTime>
 #include <QLabel>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
+#include <algorithm>
 
 namespace {
 const QString kSeccion = QStringLiteral("frmMain");
@@ -46,6 +48,9 @@ frmMain::frmMain() {
     const int mitad =
         QApplication::primaryScreen() ? QApplication::primaryScreen()->size().width() / 2 : 400;
     for (QPushButton* b : {reiniciar_, salir_}) {
+        // A click here is no leaving of the field being typed: nothing is checked or drawn
+        // for work that the question may then throw away.
+        b->setFocusPolicy(Qt::NoFocus);
         b->setMinimumWidth(mitad / 3);
         b->setMaximumWidth(mitad);
         b->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -95,6 +100,18 @@ frmMain::frmMain() {
         if (frmMenu* m = menu()) formularios::mostrar(m);
     });
 
+    // Ctrl+F4 closes the active form, as its window's close button does; the menu stays. The
+    // key is taken here, before the forms' own windows see it, so that it never depends on
+    // which of them holds it.
+    auto* cerrar = new QAction(QStringLiteral("Cerrar el formulario"), this);
+    cerrar->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F4));
+    cerrar->setShortcutContext(Qt::WindowShortcut);
+    addAction(cerrar);
+    connect(cerrar, &QAction::triggered, this, [this] {
+        QMdiSubWindow* activa = area_->activeSubWindow();
+        if (activa && !(menu() && activa->widget() == menu())) activa->close();
+    });
+
     // Both ask once, naming what the open forms hold unsaved; on Yes that work is discarded
     // (a number drawn for it goes back to its series) before the session ends.
     connect(reiniciar_, &QPushButton::clicked, this, [] {
@@ -135,6 +152,13 @@ void frmMain::actualizarReloj() {
 }
 
 void frmMain::closeEvent(QCloseEvent* evento) {
+    // An entry being typed is not lost by closing the window either: asked as Salir asks.
+    const QList<Formulario*> abiertos = formularios::abiertos();
+    if (std::any_of(abiertos.begin(), abiertos.end(),
+                    [](const Formulario* f) { return !f->trabajoSinGrabar().isEmpty(); }) &&
+        !confirmarDescarte(
+            abiertos, QStringLiteral("¿Realmente quiere salir de ") + tituloAplicacion() + u'?'))
+        return evento->ignore();
     // Forms first, each writing its own geometry; then the stores; then this window.
     formularios::cerrarTodos();
     cerrarAlmacenes();
