@@ -284,6 +284,9 @@ private Q_SLOTS:
                                                 << "El formato de la numeración no es correcto.";
         QTest::newRow("amount") << 6 << "12a"
                                 << "El formato no es valido.";
+        // Stored as typed, a fraction of a cent would differ from what every book prints.
+        QTest::newRow("fraction of a cent") << 6 << "100,555"
+                                            << "El formato no es valido.";
     }
     void camposRechazados() {
         QFETCH(int, indice);
@@ -299,6 +302,30 @@ private Q_SLOTS:
         pulsar(kSiguiente);
         QCOMPARE(f->pestana(), 1);
         QCOMPARE(buzon.textos, (QStringList{mensaje, mensaje}));
+    }
+
+    // Amounts as a Spanish bookkeeper writes them, on the main line and a counterpart line.
+    void importesEscritos_data() {
+        QTest::addColumn<QString>("importe");
+        QTest::addColumn<QString>("linea");
+        QTest::newRow("thousands and decimal comma") << "1.210,00"
+                                                     << "0000001 43000001 1210 0 P";
+        QTest::newRow("decimal point") << "1210.5"
+                                       << "0000001 43000001 1210,5 0 P";
+        QTest::newRow("trailing zero after the cents") << "99,990"
+                                                       << "0000001 43000001 99,99 0 P";
+    }
+    void importesEscritos() {
+        QFETCH(QString, importe);
+        QFETCH(QString, linea);
+        Buzon buzon;
+        frmApunte* f = abrirApunte();
+        cabecera(f, importe);
+        pulsar(kSiguiente);
+        contrapartida(f, "70.1", "", importe);
+        QCOMPARE(buzon.textos, QStringList());
+        QCOMPARE(lineasEnPantalla(f).value(0), linea);
+        QCOMPARE(f->txt(60)->text(), QStringLiteral("0"));
     }
 
     // Counterpart lines: taken back to the fields by a double click and added again in their
