@@ -16,13 +16,22 @@
 
 namespace {
 
-// Enter on a list moves its selected user, as a double click does.
+// Enter on a list moves its selected user, as a double click does. Reached from the keyboard,
+// a list selects its current user, so that Enter has one to move.
 class ListaUsuarios : public QListWidget {
 public:
     using QListWidget::QListWidget;
     std::function<void()> alElegir;
 
 protected:
+    void focusInEvent(QFocusEvent* evento) override {
+        QListWidget::focusInEvent(evento);
+        const auto razon = evento->reason();
+        if ((razon == Qt::TabFocusReason || razon == Qt::BacktabFocusReason ||
+             razon == Qt::ShortcutFocusReason) &&
+            count() > 0 && selectedItems().isEmpty())
+            setCurrentRow(qMax(currentRow(), 0), QItemSelectionModel::ClearAndSelect);
+    }
     void keyPressEvent(QKeyEvent* evento) override {
         if ((evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) && alElegir)
             return alElegir();

@@ -65,14 +65,19 @@ void VentanasPrograma::mostrarPrincipal() {
     principal_->setAttribute(Qt::WA_DeleteOnClose);
     principal_->rellenarEstado();
     principal_->show();
+    // Without a window manager nobody else hands the keyboard to the new window: its fields
+    // would take keys but never hear the focus arrive or leave.
+    principal_->activateWindow();
     delete splash;
     abrirMenu();
 }
 
 void CambiarSesion() {
     formularios::cerrarTodos();
-    if (!mostrarLogin()) return;
+    const bool aceptado = mostrarLogin();
     if (!principal_) return;
+    principal_->activateWindow();
+    if (!aceptado) return;
     Protegido([] {
         abrirMenu();
         principal_->rellenarEstado();

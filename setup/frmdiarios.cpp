@@ -19,7 +19,10 @@ Declaracion declaracionDiarios() {
         {.etiqueta = QStringLiteral("&Diario:"),
          .columna = QStringLiteral("codigo_diario"),
          .obligatorio = true,
-         .ancho = 10},
+         .ancho = 10,
+         // The entry form reads a journal in capitals: one kept in lower case could never
+         // be used.
+         .normalizar = mayusculas},
         {.etiqueta = QStringLiteral("D&escripción:"),
          .columna = QStringLiteral("descripcion"),
          .obligatorio = true},

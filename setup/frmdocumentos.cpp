@@ -47,7 +47,8 @@ Declaracion declaracionDocumentos() {
         {.etiqueta = QStringLiteral("D&ocumento:"),
          .columna = QStringLiteral("codigo_documento"),
          .obligatorio = true,
-         .ancho = 10},
+         .ancho = 10,
+         .normalizar = mayusculas},
         {.etiqueta = QStringLiteral("D&escripción:"),
          .columna = QStringLiteral("descripcion"),
          .obligatorio = true},
@@ -60,7 +61,9 @@ Declaracion declaracionDocumentos() {
          .comprobar = comprobarSerie},
         {.etiqueta = QStringLiteral("&Identificador:"),
          .columna = QStringLiteral("identificador"),
-         .ancho = 10},
+         .ancho = 10,
+         // The entry form reads an entry's number in capitals, prefix included.
+         .normalizar = mayusculas},
     };
     d.marcas = {
         {.clase = Marca::Opcion, .etiqueta = QStringLiteral("&Debe"), .grupo = 0},

@@ -262,6 +262,44 @@ private Q_SLOTS:
         if (texto == "fac") QCOMPARE(f->txt(2)->text(), QStringLiteral("FAC"));
     }
 
+    // Codes that the login or the entry form read in capitals are stored in capitals, however
+    // they were typed: one kept in lower case could never be used.
+    void codigosEnMayusculas_data() {
+        QTest::addColumn<QString>("nombre");
+        QTest::addColumn<QStringList>("campos");
+        QTest::addColumn<QString>("tabla");
+        QTest::addColumn<QString>("condicion");
+        QTest::newRow("company") << "frmEmpresas"
+                                 << QStringList{"0=lhs", "1=B12345674", "2=L'Hospitalet", "11=8"}
+                                 << "Empresas"
+                                 << "codigo_empresa = 'LHS'";
+        QTest::newRow("branch") << "frmDelegaciones" << QStringList{"0=norte", "1=Norte"}
+                                << "Delegaciones"
+                                << "codigo_delegacion = 'NORTE'";
+        QTest::newRow("journal") << "frmDiarios" << QStringList{"0=gen", "1=General"} << "Diarios"
+                                 << "codigo_diario = 'GEN'";
+        QTest::newRow("document and its prefix")
+            << "frmDocumentos" << QStringList{"0=fv", "1=Factura", "2=fac", "3=fv"} << "Documentos"
+            << "codigo_documento = 'FV' AND numeracion = 'FAC' AND identificador = 'FV'";
+    }
+    void codigosEnMayusculas() {
+        QFETCH(QString, nombre);
+        QFETCH(QStringList, campos);
+        QFETCH(QString, tabla);
+        QFETCH(QString, condicion);
+        crearEmpresaPrueba();
+        sesionEmp();
+        numeracion::Insert(*sesion_conexion, "EMP", kAnio, "FAC", 7, 1, "Facturas", "PRUEBA");
+        Buzon buzon;
+        FormularioMantenimiento* f = abrirMantenimiento(nombre);
+        QVERIFY(f);
+        rellenar(f, campos);
+        QCOMPARE(f->txt(0)->text(), f->txt(0)->text().toUpper());
+        pulsar(kInsertar);
+        QCOMPARE(buzon.textos, QStringList());
+        QCOMPARE(filas(tabla, condicion), 1);
+    }
+
     // The refusals of insert, modify and delete, each with its form's message and nothing
     // written.
     void mensajesAlGuardar_data() {

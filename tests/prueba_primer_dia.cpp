@@ -119,9 +119,16 @@ private Q_SLOTS:
         grupos->elegirEmpresa(empresa);
         grupos->cmbDelegaciones()->setCurrentIndex(0);
         grupos->elegirDelegacion(0);
-        grupos->lstDisponibles()->setCurrentItem(
-            grupos->lstDisponibles()->findItems("MARTA", Qt::MatchExactly).value(0));
-        grupos->anadir();
+        // From the keyboard: Tab into the users without access, whose first one is then
+        // selected; the initial finds MARTA, Enter moves her.
+        grupos->cmbDelegaciones()->setFocus();
+        QTRY_VERIFY(grupos->cmbDelegaciones()->hasFocus());
+        QTest::keyClick(grupos->cmbDelegaciones(), Qt::Key_Tab);
+        QTRY_VERIFY(grupos->lstDisponibles()->hasFocus());
+        QCOMPARE(grupos->lstDisponibles()->selectedItems().size(), 1);
+        QTest::keyClick(grupos->lstDisponibles(), Qt::Key_M);
+        QTest::keyClick(grupos->lstDisponibles(), Qt::Key_Return);
+        QCOMPARE(grupos->lstPermitidos()->item(0)->text(), QStringLiteral("MARTA"));
 
         frmLogin login;
         activar(&login);
