@@ -35,6 +35,16 @@ Q_DECLARE_METATYPE(CriteriosLibroDiario)
 
 namespace {
 
+// Opens a report form as the menu does and types its criteria, "3=texto" pairs, leaving each.
+FormularioInforme* abrirInforme(const QString& nombre, const QStringList& campos) {
+    auto* f = qobject_cast<FormularioInforme*>(formularios::abrir(nombre));
+    if (!f) return nullptr;
+    activar(f->ventana());
+    for (const QString& c : campos)
+        teclear(f->txt(c.section('=', 0, 0).toInt()), c.section('=', 1));
+    return f;
+}
+
 const int kAnio = QDate::currentDate().year();
 QString fecha(int dia, int mes, int anio = kAnio) {
     return QDate(anio, mes, dia).toString("dd/MM/yyyy");
@@ -350,11 +360,8 @@ private slots:
         QFETCH(QString, titulo);
         QFETCH(QStringList, formulas);
         QFETCH(QString, consulta);
-        auto* f = qobject_cast<FormularioInforme*>(formularios::abrir(formulario));
+        FormularioInforme* f = abrirInforme(formulario, campos);
         QVERIFY(f);
-        activar(f->ventana());
-        for (const QString& c : campos)
-            teclear(f->txt(c.section('=', 0, 0).toInt()), c.section('=', 1));
         if (porDiario) qobject_cast<frmExtractos*>(f)->optDiario()->setChecked(true);
         Peticion peticion;
         Buzon buzon;
@@ -490,11 +497,8 @@ private slots:
         QFETCH(QString, formulario);
         QFETCH(QStringList, campos);
         QFETCH(QStringList, lineas);
-        auto* f = qobject_cast<FormularioInforme*>(formularios::abrir(formulario));
+        FormularioInforme* f = abrirInforme(formulario, campos);
         QVERIFY(f);
-        activar(f->ventana());
-        for (const QString& c : campos)
-            teclear(f->txt(c.section('=', 0, 0).toInt()), c.section('=', 1));
         f->imprimir();
         frmVistaPrevia* vista = vistaAbierta();
         QVERIFY(vista);
