@@ -240,21 +240,22 @@ void OfrecerEn(FormularioMantenimiento* formulario, Tabla tabla) {
         const char* boton;
         const char* pregunta;
         const char* cuantos;
+        const char* uno;
     };
     static const Textos kTextos[] = {
         {"Tipos habituales",
          "¿Desea añadir los tipos de IVA habituales que falten? (21 %, 10 % y 4 % de ventas, con "
          "y sin recargo de equivalencia, y de compras; ventas y compras exentas; bienes de "
          "inversión al 21 %)",
-         "tipos de IVA"},
+         "tipos de IVA", "tipo de IVA"},
         {"Retenciones habituales",
          "¿Desea añadir las retenciones habituales que falten? (profesionales al 15 % y al 7 %, "
          "arrendamientos al 19 %)",
-         "retenciones"},
+         "retenciones", "retención"},
         {"Formas habituales",
          "¿Desea añadir las formas de pago habituales que falten? (contado, 30 días, 30 y 60 "
          "días, 30, 60 y 90 días)",
-         "formas de pago"},
+         "formas de pago", "forma de pago"},
     };
     const Textos& t = kTextos[int(tabla)];
     QToolBar* barra = formulario->barra();
@@ -279,8 +280,9 @@ void OfrecerEn(FormularioMantenimiento* formulario, Tabla tabla) {
                            : FormasPago(c, sesion_empresa, sesion_usuario);
         });
         if (!hecho) return;
-        MsgBox(anadidos ? QStringLiteral("Se han añadido %1 %2.").arg(anadidos).arg(u(t.cuantos))
-                        : QStringLiteral("No faltaba ninguna de las habituales."),
+        MsgBox(anadidos == 1 ? QStringLiteral("Se ha añadido 1 %1.").arg(u(t.uno))
+               : anadidos ? QStringLiteral("Se han añadido %1 %2.").arg(anadidos).arg(u(t.cuantos))
+                          : QStringLiteral("No faltaba ninguna de las habituales."),
                Icono::Informacion);
         formulario->LimpiarCampos();
         formulario->RefrescarLista(QString());

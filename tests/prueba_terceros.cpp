@@ -503,7 +503,7 @@ private Q_SLOTS:
         auto* boton = f->barra()->findChild<QAction*>("habituales");
         QVERIFY(boton);
         Buzon buzon;
-        buzon.respuestas << Respuesta::No << Respuesta::Si << Respuesta::Si;
+        buzon.respuestas << Respuesta::No << Respuesta::Si << Respuesta::Si << Respuesta::Si;
         boton->trigger();
         QCOMPARE(filas("FormasPagos"), 0);
         boton->trigger();
@@ -512,6 +512,9 @@ private Q_SLOTS:
         boton->trigger();
         QCOMPARE(buzon.ultimo(), QStringLiteral("No faltaba ninguna de las habituales."));
         QCOMPARE(filas("FormasPagos"), 4);
+        sesion_conexion->execute("DELETE FROM FormasPagos WHERE codigo_pago = 'CON'");
+        boton->trigger();
+        QCOMPARE(buzon.ultimo(), QStringLiteral("Se ha añadido 1 forma de pago."));
     }
 
     void cuentaDeUnTipo_data() {
