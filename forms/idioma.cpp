@@ -4,8 +4,28 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
+#include <utility>
 
 namespace idioma {
+namespace {
+
+// Texts of the toolkit that Debian's Spanish catalogue of this version leaves in English: the
+// kinds of entry in the file dialogs' lists.
+class Complemento : public QTranslator {
+public:
+    using QTranslator::QTranslator;
+    bool isEmpty() const override { return false; }
+    QString translate(const char* contexto, const char* texto, const char*, int) const override {
+        if (qstrcmp(contexto, "QAbstractFileIconProvider") != 0) return {};
+        static const std::pair<const char*, const char*> kTextos[] = {
+            {"Folder", "Carpeta"}, {"Drive", "Unidad"}, {"File", "Archivo"}};
+        for (const auto& [ingles, espanol] : kTextos)
+            if (qstrcmp(texto, ingles) == 0) return QString::fromUtf8(espanol);
+        return {};
+    }
+};
+
+}  // namespace
 
 bool instalarEspanol() {
     const QLocale espana(QLocale::Spanish, QLocale::Spain);
@@ -21,6 +41,7 @@ bool instalarEspanol() {
         return false;
     }
     traductor = nuevo;
+    QCoreApplication::installTranslator(new Complemento(QCoreApplication::instance()));
     return true;
 }
 

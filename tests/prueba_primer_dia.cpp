@@ -27,6 +27,7 @@
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -260,6 +261,11 @@ private Q_SLOTS:
             QVERIFY2(!textos.contains(QString::fromLatin1(ingles)), ingles);
         QVERIFY2(textos.contains(QStringLiteral("&Guardar")), qPrintable(textos.join('|')));
         QVERIFY2(textos.contains(QStringLiteral("Cancelar")), qPrintable(textos.join('|')));
+
+        // The kind of a folder in the dialog's list.
+        QFileSystemModel modelo;
+        const QModelIndex carpeta = modelo.index(QDir::tempPath());
+        QCOMPARE(modelo.type(carpeta), QStringLiteral("Carpeta"));
     }
 };
 
