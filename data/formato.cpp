@@ -1,5 +1,7 @@
 #include "formato.h"
 
+#include "almacen/error.h"
+
 #include <QRegularExpression>
 #include <algorithm>
 #include <cmath>
@@ -140,6 +142,42 @@ std::optional<double> leerImporte(const QString& texto) {
     // a few parts in 10^16; a residue such as 5,7E-14 is no amount at all.
     if (std::fabs(centimos - enteros) > std::fabs(enteros) * 1e-12) return std::nullopt;
     return enteros / 100;
+}
+
+namespace {
+
+// A quotient of whole numbers rounded half away from zero.
+long long dividirRedondeando(__int128 dividendo, __int128 divisor) {
+    if (divisor < 0) dividendo = -dividendo, divisor = -divisor;
+    __int128 cociente = dividendo / divisor;
+    const __int128 resto = dividendo % divisor;
+    const __int128 doble = resto < 0 ? -2 * resto : 2 * resto;
+    if (doble >= divisor) cociente += dividendo < 0 ? -1 : 1;
+    return static_cast<long long>(cociente);
+}
+
+__int128 enUnidades(double valor, double escala) {
+    if (!std::isfinite(valor) || std::fabs(valor * escala) >= 9e18)
+        throw Error(6, QStringLiteral("Desbordamiento"));
+    return std::llround(valor * escala);
+}
+
+QString centimosComoTexto(long long centimos) {
+    return Format(double(centimos) / 100, QStringLiteral("0.00"));
+}
+
+}  // namespace
+
+QString Cuota(double base, double pct) {
+    // cents × ten-thousandths of a per cent: cents × 10^-6.
+    return centimosComoTexto(
+        dividirRedondeando(enUnidades(base, 100) * enUnidades(pct, 10000), 1000000));
+}
+
+QString BaseDeTotal(double total, double divisor) {
+    const __int128 unidades = enUnidades(divisor, 10000);
+    if (unidades <= 0) throw Error(11, QStringLiteral("División por cero"));
+    return centimosComoTexto(dividirRedondeando(enUnidades(total, 100) * 1000000, unidades));
 }
 
 bool IsNumeric(const QString& texto) {

@@ -28,6 +28,16 @@ std::optional<double> leerNumero(const QString& texto);
 std::optional<double> leerImporte(const QString& texto);
 bool IsNumeric(const QString& texto);
 
+// A tax amount: base × pct ÷ 100 written as Format(…, "0.00"), worked on the decimal figures
+// that the doubles stand for (the base in cents, the percentage to four decimals), so that a
+// half cent always goes away from zero: 0,50 at 21 % is 0,11, which binary doubles would make
+// 0,10. Everything that splits an invoice into base and taxes rounds here.
+QString Cuota(double base, double pct);
+// A base worked back from a gross amount: total × 100 ÷ divisor, the same way. The divisor is
+// 100 plus the VAT and surcharge percentages minus the withholding one; 0 or less is no
+// divisor at all, and an Error.
+QString BaseDeTotal(double total, double divisor);
+
 // The leading number of a text, read permissively: "12345678Z" gives 12345678, "1234E5Z"
 // gives 123400000, "ABC" gives 0. A point is the decimal mark; "E" or "D" start an exponent.
 double Val(const QString& texto);

@@ -1,5 +1,6 @@
 // Numbers and dates as the screens and the SQL show them: the figures a bookkeeper reads and
 // the texts that the store compares.
+#include "data/almacen/error.h"
 #include "data/auxiliar.h"
 #include "data/formato.h"
 
@@ -62,6 +63,52 @@ private Q_SLOTS:
         QFETCH(QString, patron);
         QFETCH(QString, texto);
         QCOMPARE(formato::Format(valor, patron), texto);
+    }
+
+    // The split of an invoice: a tax is the base times the rate, a half cent up, and a base
+    // comes back out of the gross amount the same way.
+    void cuotas_data() {
+        QTest::addColumn<double>("base");
+        QTest::addColumn<double>("pct");
+        QTest::addColumn<QString>("cuota");
+        QTest::newRow("21 % of 100") << 100.0 << 21.0 << "21,00";
+        QTest::newRow("VAT of 899,28") << 899.28 << 21.0 << "188,85";
+        QTest::newRow("surcharge 5,2") << 899.28 << 5.2 << "46,76";
+        QTest::newRow("withholding 15") << 899.28 << 15.0 << "134,89";
+        QTest::newRow("half cent goes up") << 0.50 << 21.0 << "0,11";
+        QTest::newRow("half cent of a negative base") << -0.50 << 21.0 << "-0,11";
+        QTest::newRow("tobacco surcharge 1,75") << 10.0 << 1.75 << "0,18";
+        QTest::newRow("exempt") << 1234.56 << 0.0 << "0,00";
+        QTest::newRow("large base") << 12345678.91 << 21.0 << "2592592,57";
+    }
+    void cuotas() {
+        QFETCH(double, base);
+        QFETCH(double, pct);
+        QFETCH(QString, cuota);
+        QCOMPARE(formato::Cuota(base, pct), cuota);
+    }
+
+    void basesDeTotal_data() {
+        QTest::addColumn<double>("total");
+        QTest::addColumn<double>("divisor");
+        QTest::addColumn<QString>("base");
+        QTest::newRow("121 at 21 %") << 121.0 << 121.0 << "100,00";
+        QTest::newRow("VAT, surcharge and withholding") << 1000.0 << 111.2 << "899,28";
+        QTest::newRow("no taxes") << 57.33 << 100.0 << "57,33";
+        QTest::newRow("a credit note") << -121.0 << 121.0 << "-100,00";
+        QTest::newRow("half cent goes up") << 0.01 << 200.0 << "0,01";
+    }
+    void basesDeTotal() {
+        QFETCH(double, total);
+        QFETCH(double, divisor);
+        QFETCH(QString, base);
+        QCOMPARE(formato::BaseDeTotal(total, divisor), base);
+    }
+
+    // A withholding of 100 % or more leaves nothing to divide by: a failure, not a figure.
+    void divisorNulo() {
+        QVERIFY_THROWS_EXCEPTION(Error, formato::BaseDeTotal(100, 0));
+        QVERIFY_THROWS_EXCEPTION(Error, formato::BaseDeTotal(100, -15));
     }
 
     void textoDouble_data() {
