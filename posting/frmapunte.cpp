@@ -103,7 +103,7 @@ void frmApunte::construir() {
     columna->addWidget(tabs_);
 
     pila_ = new QStackedWidget(this);
-    const std::array<QWidget*, 5> marcos{construirMarcoApunte(), new QWidget, new QWidget,
+    const std::array<QWidget*, 5> marcos{construirMarcoApunte(), construirMarcoIva(), new QWidget,
                                          construirMarcoContrapartida(), new QWidget};
     for (int i = 0; i < 5; ++i) {
         auto* marco = new QWidget;
@@ -200,6 +200,49 @@ QWidget* frmApunte::construirMarcoApunte() {
     return marco;
 }
 
+// Four rows of nine fields under one heading, and the totals under the amounts they add.
+QWidget* frmApunte::construirMarcoIva() {
+    auto* marco = new QWidget;
+    auto* rejilla = new QGridLayout(marco);
+    static const char* const kTitulos[] = {"Base",        "IVA/RE",    "Pct. IVA",
+                                           "Importe IVA", "Pct. RE",   "Importe RE",
+                                           "IRPF",        "Pct. IRPF", "Importe IRPF"};
+    for (int c = 0; c < 9; ++c) {
+        auto* titulo = new QLabel(QString::fromUtf8(kTitulos[c]), marco);
+        titulo->setAlignment(c == 1 || c == 6 ? Qt::AlignLeft : Qt::AlignRight);
+        rejilla->addWidget(titulo, 0, c + 1);
+    }
+    for (int f = 1; f <= 4; ++f) {
+        rejilla->addWidget(new QLabel(QString::number(f), marco), f, 0);
+        for (int c = 0; c < 9; ++c) {
+            const bool codigo = c == 1 || c == 6, pct = c == 2 || c == 4 || c == 7;
+            QLineEdit* t = campo(marco, 9 * f + c,
+                                 c == 1   ? QStringLiteral("IMPUESTOS.impuesto")
+                                 : c == 6 ? QStringLiteral("IRPF.codigo")
+                                          : QString(),
+                                 codigo || pct ? 6 : 12);
+            if (!codigo) t->setAlignment(Qt::AlignRight);
+            t->setAccessibleName(
+                QStringLiteral("%1, fila %2").arg(QString::fromUtf8(kTitulos[c])).arg(f));
+            rejilla->addWidget(t, f, c + 1);
+        }
+    }
+    auto* totales = new QLabel(QStringLiteral("Totales:"), marco);
+    rejilla->addWidget(totales, 5, 0);
+    const std::array<std::pair<int, int>, 4> sumas{{{45, 1}, {46, 4}, {47, 6}, {48, 9}}};
+    for (const auto& [i, c] : sumas) {
+        QLineEdit* t = campo(marco, i, {}, 12);
+        t->setReadOnly(true);
+        t->setFocusPolicy(Qt::ClickFocus);
+        t->setAlignment(Qt::AlignRight);
+        t->setAccessibleName(QStringLiteral("Total %1").arg(QString::fromUtf8(kTitulos[c - 1])));
+        rejilla->addWidget(t, 5, c);
+    }
+    rejilla->setColumnStretch(10, 1);
+    rejilla->setRowStretch(6, 1);
+    return marco;
+}
+
 // The fields of a new line are what a shown entry disables; its lines and totals stay readable.
 QWidget* frmApunte::construirMarcoContrapartida() {
     auto* marco = new QWidget;
@@ -291,6 +334,7 @@ void frmApunte::LimpiarPantalla() {
     des5_->clear();
     des54_->clear();
     lineas_.limpiar();
+    rejilla_.limpiar();
     TotalesAsiento();
     for (int p = pestana() - 1; p >= 1; --p) seleccionar(p);
     Boton(toolbar_, claves::insertar)->setEnabled(true);
@@ -339,7 +383,10 @@ void frmApunte::alCambiarPestana(int indice) {
         MsgBox(mensaje, Icono::Critico);
         return;
     }
-    // The VAT and portfolio tabs, once on this screen, generate their lines here too.
+    // The tax tab regenerates its lines in either direction; a shown entry keeps its stored
+    // lines. The portfolio tab, once on this screen, generates its lines here too.
+    if (TabAnterior == 2 && !mostrando_ && (!revisarImpuestos() || !GenerarLineasIva()))
+        return rechazar();
     if (TabAnterior == 1) GenerarPartida();
     int frame = elegida - 1;
     if (frame == 2 && (documento_.cartera == u"C" || documento_.cartera == u"P")) frame = 4;

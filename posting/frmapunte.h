@@ -3,6 +3,7 @@
 #include "documento.h"
 #include "forms/formulario.h"
 #include "lineas.h"
+#include "rejillaiva.h"
 
 #include <QList>
 #include <array>
@@ -23,9 +24,10 @@ class QTreeWidgetItem;
 // and nothing is stored until `insertar` on the last one. Only the nearest tab that takes part
 // can be reached in one move; leaving a tab checks it and generates its lines.
 //
-// The fields are numbered as the rest of the system names them, txt(0) to txt(61). The VAT
-// and portfolio tabs keep their frames (1, 2 and 4) and their numbers (9 to 53, 61); their
-// fields are not on this screen yet, so txt() gives nullptr for them.
+// The fields are numbered as the rest of the system names them, txt(0) to txt(61). The tax
+// grid, txt(9) to txt(48), computes through RejillaIva, which the screen's fields mirror. The
+// portfolio tab keeps its frames (2 and 4) and its numbers (49 to 53, 61); its fields are not
+// on this screen yet, so txt() gives nullptr for them.
 //
 // An entry typed by its number is shown read-only: the tabs can be walked, `cancelar` leaves
 // it and `borrar` removes it with everything that hangs from it.
@@ -54,6 +56,8 @@ public:
     QTabBar* TabStripApuntes() const { return tabs_; }
     ListaClaves* ListViewApunte() const { return lista_; }
     const LineasAsiento& lineas() const { return lineas_; }
+    // The tax grid as last computed: its accounts and the numbers of its lines.
+    const RejillaIva& rejilla() const { return rejilla_; }
     // The selected tab, 1 to 4, and the frame on show, 0 to 4.
     int pestana() const;
     int marco() const;
@@ -73,6 +77,7 @@ protected:
 private:
     void construir();
     QWidget* construirMarcoApunte();
+    QWidget* construirMarcoIva();
     QWidget* construirMarcoContrapartida();
     // txt(i), with its lookup tag and, when given, a width in characters.
     QLineEdit* campo(QWidget* padre, int i, const QString& tag = {}, int ancho = 0);
@@ -98,6 +103,13 @@ private:
     void leerDocumento();
     void GenerarPartida();
     void CargarAsiento();
+
+    // The tax grid: the screen's fields to the grid and back.
+    void leerRejilla();
+    void mostrarRejilla();
+    bool revisarImpuestos();
+    void PrepararIvaCartera();
+    bool GenerarLineasIva();
 
     // The counterpart and the line list.
     void anadirContrapartida();
@@ -140,6 +152,8 @@ private:
     EventosCampos* eventos_ = nullptr;
 
     LineasAsiento lineas_;
+    CatalogoSesion catalogo_;
+    RejillaIva rejilla_{catalogo_};
     std::array<bool, 5> Paginas{false, true, false, false, false};
     int TabAnterior = 1;
     bool SaltarClick = false;

@@ -41,6 +41,8 @@ bool frmApunte::comprobar(int i) {
         if (i <= 8)
             codigo =
                 validacion::ValidarCabecera(i, texto, txt_[1]->text(), documento_, &descripcion);
+        else if (i >= RejillaIva::kPrimero && i <= RejillaIva::kUltimo)
+            codigo = rejilla_.ValidarImpuestos(i, texto);
         else if (i >= 54 && i <= 56)
             codigo = validacion::ValidarContrapartida(i, texto, &descripcion);
     });
@@ -62,7 +64,64 @@ void frmApunte::alSalir(int i) {
         Protegido([this] { leerDocumento(); });
     } else if (i == 2 && !txt_[1]->text().isEmpty() && !txt_[2]->text().isEmpty()) {
         Protegido([this] { CargarAsiento(); });
+    } else if ((i == 5 || i == 6) && !txt_[5]->text().isEmpty() && !txt_[6]->text().isEmpty()) {
+        Protegido([this] { PrepararIvaCartera(); });
+    } else if (RejillaIva::fila(i) > 0 && pestana() == 2) {
+        leerRejilla();
+        Protegido([&] { rejilla_.alSalir(i); });
+        mostrarRejilla();
     }
+}
+
+// --- The tax grid ----------------------------------------------------------------------------
+
+void frmApunte::leerRejilla() {
+    for (int i = RejillaIva::kPrimero; i <= RejillaIva::kUltimo; ++i)
+        rejilla_.ponerTxt(i, txt_[i]->text());
+}
+
+void frmApunte::mostrarRejilla() {
+    for (int i = RejillaIva::kPrimero; i <= RejillaIva::kUltimo; ++i)
+        if (txt_[i]->text() != rejilla_.txt(i)) ponerTexto(i, rejilla_.txt(i));
+}
+
+// The grid's field being typed in was never left when a tab is clicked: it is checked and its
+// figures follow, as when it is left.
+bool frmApunte::revisarImpuestos() {
+    const int i = campoEnFoco();
+    if (RejillaIva::fila(i) == 0) return true;
+    if (!comprobar(i)) {
+        txt_[i]->setFocus();
+        return false;
+    }
+    leerRejilla();
+    const bool hecho = Protegido([&] { rejilla_.alSalir(i); });
+    mostrarRejilla();
+    return hecho;
+}
+
+// On leaving the account or the amount of the main line: the third party's counterpart for
+// the last tab and a fresh split of the amount for the tax tab, whatever the grid held. The
+// portfolio tab's due dates, from the third party's payment method, are proposed here too once
+// that tab is on this screen.
+void frmApunte::PrepararIvaCartera() {
+    if (!Paginas[2] && !Paginas[3]) return;
+    const std::optional<TerceroCuenta> tercero = catalogo_.tercero(txt_[5]->text());
+    if (tercero) CtaContrapartida = tercero->contrapartida;
+    if (Paginas[2]) {
+        rejilla_.Proponer(tercero, txt_[6]->text());
+        mostrarRejilla();
+    }
+}
+
+// A refusal keeps the user on the tax tab with the reason.
+bool frmApunte::GenerarLineasIva() {
+    leerRejilla();
+    const bool hecho = Protegido([this] {
+        rejilla_.GenerarLineasIva(lineas_, txt_[3]->text(), txt_[8]->text(), documento_.partida);
+    });
+    TotalesAsiento();
+    return hecho;
 }
 
 void frmApunte::leerDocumento() {
@@ -73,6 +132,14 @@ void frmApunte::leerDocumento() {
     }
     documento_ = *d;
     Paginas = d->paginas();
+    // A document without VAT leaves no VAT behind from the one typed before it.
+    if (!Paginas[2]) {
+        rejilla_.limpiar();
+        mostrarRejilla();
+        for (const char* tipo : {"IVA", "RE", "IRPF"})
+            lineas_.BorrarLineasTipo(QLatin1StringView(tipo));
+        TotalesAsiento();
+    }
 }
 
 void frmApunte::GenerarPartida() {
@@ -105,6 +172,10 @@ void frmApunte::CargarAsiento() {
     }
     lineas_ = a.lineas;
     TotalesAsiento();
+    rejilla_.limpiar();
+    rejilla_.Cargar(*sesion_conexion, sesion_empresa, sesion_delegacion, txt_[1]->text(),
+                    txt_[2]->text(), lineas_);
+    mostrarRejilla();
     // Shown, not edited: the tabs can be walked, the entry left or deleted. A number just
     // drawn that turns out to be a stored entry's is that entry's: it does not go back.
     tomado_.reset();
@@ -210,9 +281,16 @@ void frmApunte::GrabarAsiento() {
     const CabeceraAsiento cabecera{txt_[0]->text(), txt_[1]->text(), txt_[2]->text(),
                                    txt_[3]->text(), txt_[4]->text(), txt_[7]->text()};
     // Whole or nothing: a failure leaves the store as it was and the entry on the screen.
+    leerRejilla();
+    const QString cuenta = txt_[5]->text();
     int grabadas = 0;
     if (!Protegido([&] {
-            grabadas = ::GrabarAsiento(*sesion_conexion, cabecera, lineas_, sesion_usuario);
+            grabadas = ::GrabarAsiento(
+                *sesion_conexion, cabecera, lineas_, sesion_usuario, [&](Conexion& c) {
+                    rejilla_.InsertarRegistros(c, sesion_empresa, sesion_delegacion,
+                                               cabecera.documento, cabecera.numero, cuenta,
+                                               sesion_usuario);
+                });
         }))
         return;
     tomado_.reset();  // the number is the stored entry's for good

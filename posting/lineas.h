@@ -27,6 +27,7 @@ public:
     int AnadirLinea(int numero, const QString& fecha, const QString& cuenta, double debe,
                     double haber, const QString& concepto, const QString& tipo);
     void BorrarLineasTipo(const QString& tipo);
+    bool tiene(int numero) const { return posicion(numero) >= 0; }
     // Takes the line of that number out and gives it; no such line is an Error.
     LineaApunte quitar(int numero);
     void limpiar() { lineas_.clear(); }
