@@ -32,7 +32,7 @@ void prepararAsientos() {
     sesion_final_bloqueo.clear();
 }
 
-FalloProvocado::FalloProvocado(int numero) {
+FalloProvocado::FalloProvocado(int numero, QString tabla) : tabla_(std::move(tabla)) {
     const QString n = QString::number(numero);
     if (AlmacenPrueba::postgres()) {
         sesion_conexion->execute(
@@ -41,20 +41,18 @@ FalloProvocado::FalloProvocado(int numero) {
             n +
             " THEN RAISE EXCEPTION 'fallo provocado'; END IF; RETURN NEW; END $$ "
             "LANGUAGE plpgsql");
-        sesion_conexion->execute(
-            "CREATE TRIGGER fallo_provocado BEFORE INSERT ON Apuntes FOR "
-            "EACH ROW EXECUTE FUNCTION fallo_provocado()");
+        sesion_conexion->execute("CREATE TRIGGER fallo_provocado BEFORE INSERT ON " + tabla_ +
+                                 " FOR EACH ROW EXECUTE FUNCTION fallo_provocado()");
     } else {
-        sesion_conexion->execute(
-            "CREATE TRIGGER fallo_provocado BEFORE INSERT ON Apuntes WHEN "
-            "NEW.numero_apunte = " +
-            n + " BEGIN SELECT RAISE(ABORT, 'fallo provocado'); END");
+        sesion_conexion->execute("CREATE TRIGGER fallo_provocado BEFORE INSERT ON " + tabla_ +
+                                 " WHEN NEW.numero_apunte = " + n +
+                                 " BEGIN SELECT RAISE(ABORT, 'fallo provocado'); END");
     }
 }
 
 FalloProvocado::~FalloProvocado() {
     sesion_conexion->execute("DROP TRIGGER fallo_provocado" +
-                             QString(AlmacenPrueba::postgres() ? " ON Apuntes" : ""));
+                             (AlmacenPrueba::postgres() ? " ON " + tabla_ : QString()));
     if (AlmacenPrueba::postgres()) sesion_conexion->execute("DROP FUNCTION fallo_provocado()");
 }
 

@@ -12,12 +12,15 @@ void prepararAsientos();
 // The journal lines of the store, by entry and line, as "number|account|debit|credit|type".
 QStringList lineasGuardadas();
 
-// The store refuses every line numbered `numero` while it lives: a failure in the middle of
-// the saving of an entry.
+// The store refuses every row of `tabla` numbered `numero` (its numero_apunte) while it lives:
+// a failure in the middle of the saving of an entry.
 class FalloProvocado {
 public:
-    explicit FalloProvocado(int numero);
+    explicit FalloProvocado(int numero, QString tabla = QStringLiteral("Apuntes"));
     ~FalloProvocado();
     FalloProvocado(const FalloProvocado&) = delete;
     FalloProvocado& operator=(const FalloProvocado&) = delete;
+
+private:
+    QString tabla_;
 };
