@@ -32,11 +32,16 @@
 #include "data/entidades/empresas.h"
 #include "data/entidades/formaspago.h"
 #include "data/entidades/impuestos.h"
+#include "data/entidades/irpf.h"
 #include "data/entidades/numeracion.h"
 #include "data/entidades/personal.h"
 #include "data/entidades/registroiva.h"
+#include "data/formato.h"
 #include "data/global.h"
 #include "fuentes.h"
+#include "posting/catalogo.h"
+#include "posting/lineas.h"
+#include "posting/rejillaiva.h"
 
 #include <QCoreApplication>
 #include <QDate>
@@ -197,7 +202,7 @@ const DatosCuenta kCuentasPases[] = {
     {"57200002", "CaixaBank, c/c"},
 };
 
-struct TipoIva {
+struct DatosIva {
     const char* codigo;
     const char* cuenta;
     int pct;
@@ -205,7 +210,7 @@ struct TipoIva {
     const char* tipo;  // V sales, C purchases
 };
 
-const TipoIva kTiposIva[] = {
+const DatosIva kTiposIva[] = {
     {"V21", "47700021", 21, "IVA repercutido 21 %", "V"},
     {"V10", "47700010", 10, "IVA repercutido 10 %", "V"},
     {"V4", "47700004", 4, "IVA repercutido 4 %", "V"},
@@ -266,8 +271,18 @@ struct Actividad {
     const char* nombre;
     int iva;  // its usual VAT type
     const char* contrapartida;
-    int minimo, maximo;  // an invoice's base, euros (suppliers and creditors)
+    int minimo, maximo;     // an invoice's base, euros (suppliers and creditors)
+    const char* irpf = "";  // the withholding its invoices carry
 };
+
+// Professionals' fees and rents carry a withholding, paid with the quarter's model 111.
+struct DatosIrpf {
+    const char* codigo;
+    int pct;
+    const char* descripcion;
+};
+const DatosIrpf kRetencionesIrpf[] = {{"P15", 15, "Actividades profesionales 15 %"},
+                                      {"A19", 19, "Arrendamientos 19 %"}};
 
 const Actividad kActividadesClientes[] = {
     {"Comercial", V21, "70000000", 0, 0},      {"Distribuciones", V21, "70000000", 0, 0},
@@ -292,12 +307,18 @@ const Actividad kActividadesProveedores[] = {
 
 // The first one lets the branches' premises.
 const Actividad kActividadesAcreedores[] = {
-    {"Inmobiliaria", C21, "62100000", 0, 0},    {"Asesoría", C21, "62300000", 150, 1200},
-    {"Gestoría", C21, "62300000", 80, 600},     {"Limpiezas", C21, "62900000", 120, 900},
-    {"Seguridad", C21, "62900000", 150, 1500},  {"Mantenimientos", C21, "62200000", 60, 1800},
-    {"Publicidad", C21, "62700000", 200, 3000}, {"Transportes", C21, "62400000", 50, 1500},
-    {"Mensajería", C21, "62400000", 15, 300},   {"Telecomunicaciones", C21, "62800000", 60, 400},
-    {"Energía", C21, "62800000", 150, 1600},    {"Aguas", C10, "62800000", 30, 250},
+    {"Inmobiliaria", C21, "62100000", 0, 0, "A19"},
+    {"Asesoría", C21, "62300000", 150, 1200, "P15"},
+    {"Gestoría", C21, "62300000", 80, 600, "P15"},
+    {"Limpiezas", C21, "62900000", 120, 900},
+    {"Seguridad", C21, "62900000", 150, 1500},
+    {"Mantenimientos", C21, "62200000", 60, 1800},
+    {"Publicidad", C21, "62700000", 200, 3000},
+    {"Transportes", C21, "62400000", 50, 1500},
+    {"Mensajería", C21, "62400000", 15, 300},
+    {"Telecomunicaciones", C21, "62800000", 60, 400},
+    {"Energía", C21, "62800000", 150, 1600},
+    {"Aguas", C10, "62800000", 30, 250},
 };
 
 const char* const kLugares[] = {
@@ -383,6 +404,7 @@ struct Tercero {
     int iva = V21;
     int formaPago = k30;
     QString contrapartida;
+    QString irpf;                // its invoices' withholding, if any
     int minimo = 0, maximo = 0;  // invoice base, euros
     int patron = 0;              // how the supplier numbers its invoices
     int facturas = 0;            // the supplier's last number
@@ -541,7 +563,6 @@ struct Asiento {
 
 const QString kPrincipal = QStringLiteral("P");
 const QString kContrapartida = QStringLiteral("CP");
-const QString kLineaIva = QStringLiteral("IVA");
 
 // A due date waiting for its collection or payment.
 struct Vencimiento {
@@ -583,6 +604,43 @@ void anadirImporte(QByteArray& b, qint64 centimos) {
     b += '.';
     b += char('0' + centimos % 100 / 10);
     b += char('0' + centimos % 10);
+}
+
+// The company's tables stand still while the year is written: what the invoices read of them
+// is read once.
+class CatalogoRecordado : public CatalogoImpuestos {
+public:
+    CatalogoRecordado(Conexion& conexion, const QString& empresa) : almacen_(conexion, empresa) {}
+    std::optional<TerceroCuenta> tercero(const QString& cuenta) override {
+        return recordar(terceros_, cuenta, [&] { return almacen_.tercero(cuenta); });
+    }
+    std::optional<TipoIva> impuesto(const QString& codigo) override {
+        return recordar(impuestos_, codigo, [&] { return almacen_.impuesto(codigo); });
+    }
+    std::optional<TipoIrpf> irpf(const QString& codigo) override {
+        return recordar(retenciones_, codigo, [&] { return almacen_.irpf(codigo); });
+    }
+
+private:
+    template <class T, class Leer>
+    static std::optional<T> recordar(QHash<QString, std::optional<T>>& hechos, const QString& clave,
+                                     Leer leer) {
+        auto i = hechos.find(clave);
+        if (i == hechos.end()) i = hechos.insert(clave, leer());
+        return *i;
+    }
+    CatalogoAlmacen almacen_;
+    QHash<QString, std::optional<TerceroCuenta>> terceros_;
+    QHash<QString, std::optional<TipoIva>> impuestos_;
+    QHash<QString, std::optional<TipoIrpf>> retenciones_;
+};
+
+QString euros(qint64 centimos) {
+    return formato::Format(double(centimos) / 100, QStringLiteral("0.00"));
+}
+
+qint64 centimos(double euros) {
+    return std::llround(euros * 100);
 }
 
 class Generador {
@@ -642,6 +700,8 @@ private:
     void venta(const QDate& dia);
     void compra(const QDate& dia, int tercero, int delegacion, qint64 baseFija,
                 const QString& detalle);
+    RejillaIva repartir(Asiento& a, const Tercero& tercero, const int* tipos, const qint64* bases,
+                        int cuantos, qint64 total, const QString& concepto, const QString& partida);
     void vencimientos(const Asiento& a, int tercero, qint64 total, const QString& factura);
     void programar(const Vencimiento& v, const QDate& hoy);
     void cobro(const Vencimiento& v, const QDate& dia);
@@ -660,6 +720,7 @@ private:
                        const QString& concepto, const QString& referencia = {});
 
     Conexion& c_;
+    CatalogoRecordado catalogo_{c_, kEmpresa};
     Azar azar_;
     qint64 objetivo_;
     std::FILE* ledger_;
@@ -751,6 +812,7 @@ Tercero Generador::nuevoTercero(const QString& tipo, int numero, const Actividad
     t.cuenta = u(grupo) + QString::number(numero).rightJustified(kDigitos - 2, u'0');
     t.iva = actividad.iva;
     t.contrapartida = u(actividad.contrapartida);
+    t.irpf = u(actividad.irpf);
     t.minimo = actividad.minimo;
     t.maximo = actividad.maximo;
     t.patron = azar_.entero(0, 4);
@@ -775,7 +837,7 @@ Tercero Generador::nuevoTercero(const QString& tipo, int numero, const Actividad
                      kUsuario);
     asegurarCuenta(t.cuenta, t.nombre);
     acrdeu::Insert(c_, kEmpresa, t.cuenta, t.codigo, tipo, QStringLiteral("NAC"),
-                   u(kTiposIva[t.iva].codigo), u(kFormasPago[t.formaPago].codigo), 0, 0, QString(),
+                   u(kTiposIva[t.iva].codigo), u(kFormasPago[t.formaPago].codigo), 0, 0, t.irpf,
                    t.contrapartida, kUsuario);
     return t;
 }
@@ -865,9 +927,11 @@ void Generador::maestros() {
     for (const DatosCuenta& d : kEpigrafes) asegurarCuenta(u(d.cuenta), u(d.titulo));
     for (const DatosCuenta& d : kCuentasPases) asegurarCuenta(u(d.cuenta), u(d.titulo));
 
-    for (const TipoIva& i : kTiposIva)
+    for (const DatosIva& i : kTiposIva)
         Impuestos::Insert(c_, kEmpresa, u(i.codigo), u(i.cuenta), i.pct, QString(), 0,
                           u(i.descripcion), u(i.tipo), kUsuario);
+    for (const DatosIrpf& r : kRetencionesIrpf)
+        irpf::Insert(c_, kEmpresa, u(r.codigo), kRetenciones, r.pct, u(r.descripcion), kUsuario);
     for (const FormaPago& f : kFormasPago) {
         auto dias = [&](int i) { return QString::number(i < f.plazos ? f.dias[i] : 0); };
         auto pct = [&](int i) { return i < f.plazos ? f.centesimas[i] / 100.0 : 0.0; };
@@ -984,31 +1048,22 @@ void Generador::venta(const QDate& dia) {
         tipos[1] = (cliente.iva + azar_.entero(1, 2)) % 3;
         cuantos = 2;
     }
-    qint64 bases[2] = {}, cuotas[2] = {}, total = 0;
+    qint64 bases[2] = {}, total = 0;
     QString cuentasVenta[2];
     for (int i = 0; i < cuantos; ++i) {
         bases[i] = azar_.centimos(40, 6000);
-        cuotas[i] = porcentaje(bases[i], kTiposIva[tipos[i]].pct);
-        total += bases[i] + cuotas[i];
+        total += bases[i] + porcentaje(bases[i], kTiposIva[tipos[i]].pct);
         cuentasVenta[i] = i == 0 && azar_.siPorCiento(85)    ? cliente.contrapartida
                           : cliente.contrapartida == kVentas ? kServicios
                                                              : kVentas;
     }
-    a.anadir(cliente.cuenta, total, 0, concepto, kPrincipal);
-    int lineasIva[2] = {};
-    for (int i = 0; i < cuantos; ++i) {
-        a.anadir(cuentasVenta[i], 0, bases[i], concepto, kContrapartida);
-        lineasIva[i] = a.anadir(u(kTiposIva[tipos[i]].cuenta), 0, cuotas[i],
-                                QStringLiteral("IVA %1 % ").arg(kTiposIva[tipos[i]].pct) + concepto,
-                                kLineaIva);
-    }
-    grabar(a);
-    const QString delegacion = u(kDelegaciones[a.delegacion].codigo);
+    const RejillaIva rejilla =
+        repartir(a, cliente, tipos, bases, cuantos, total, concepto, QStringLiteral("D"));
     for (int i = 0; i < cuantos; ++i)
-        RegistroIva::Insert(c_, kEmpresa, delegacion, QStringLiteral("FAC"), a.numero, lineasIva[i],
-                            QStringLiteral("V"), cliente.tipo, cliente.codigo,
-                            u(kTiposIva[tipos[i]].codigo), bases[i] / 100.0,
-                            kTiposIva[tipos[i]].pct, cuotas[i] / 100.0, 0, 0, kUsuario);
+        a.anadir(cuentasVenta[i], 0, bases[i], concepto, kContrapartida);
+    grabar(a);
+    rejilla.InsertarRegistros(c_, kEmpresa, u(kDelegaciones[a.delegacion].codigo),
+                              QStringLiteral("FAC"), a.numero, cliente.cuenta, kUsuario);
     vencimientos(a, indice, total, a.numero);
 }
 
@@ -1028,28 +1083,52 @@ void Generador::compra(const QDate& dia, int indice, int delegacion, qint64 base
         tipos[1] = C21 + (proveedor.iva - C21 + azar_.entero(1, 2)) % 3;
         cuantos = 2;
     }
-    qint64 bases[2] = {}, cuotas[2] = {}, total = 0;
+    qint64 bases[2] = {}, total = 0;
     for (int i = 0; i < cuantos; ++i) {
         bases[i] = baseFija ? baseFija : azar_.centimos(proveedor.minimo, proveedor.maximo);
-        cuotas[i] = porcentaje(bases[i], kTiposIva[tipos[i]].pct);
-        total += bases[i] + cuotas[i];
+        total += bases[i] + porcentaje(bases[i], kTiposIva[tipos[i]].pct);
     }
-    a.anadir(proveedor.cuenta, 0, total, concepto, kPrincipal);
-    int lineasIva[2] = {};
-    for (int i = 0; i < cuantos; ++i) {
-        a.anadir(proveedor.contrapartida, bases[i], 0, concepto, kContrapartida);
-        lineasIva[i] = a.anadir(u(kTiposIva[tipos[i]].cuenta), cuotas[i], 0,
-                                QStringLiteral("IVA %1 % ").arg(kTiposIva[tipos[i]].pct) + concepto,
-                                kLineaIva);
-    }
-    grabar(a);
-    const QString codigoDelegacion = u(kDelegaciones[a.delegacion].codigo);
+    // A withholding, on the first row only, is kept back from what the supplier is paid.
+    for (const DatosIrpf& r : kRetencionesIrpf)
+        if (proveedor.irpf == u(r.codigo)) total -= porcentaje(bases[0], r.pct);
+    const RejillaIva rejilla =
+        repartir(a, proveedor, tipos, bases, cuantos, total, concepto, QStringLiteral("H"));
     for (int i = 0; i < cuantos; ++i)
-        RegistroIva::Insert(c_, kEmpresa, codigoDelegacion, QStringLiteral("FRC"), a.numero,
-                            lineasIva[i], QStringLiteral("C"), proveedor.tipo, proveedor.codigo,
-                            u(kTiposIva[tipos[i]].codigo), bases[i] / 100.0,
-                            kTiposIva[tipos[i]].pct, cuotas[i] / 100.0, 0, 0, kUsuario);
+        a.anadir(proveedor.contrapartida, bases[i], 0, concepto, kContrapartida);
+    grabar(a);
+    rejilla.InsertarRegistros(c_, kEmpresa, u(kDelegaciones[a.delegacion].codigo),
+                              QStringLiteral("FRC"), a.numero, proveedor.cuenta, kUsuario);
+    retencionesTrimestre_[(dia.month() - 1) / 3 + 1] +=
+        centimos(formato::leerNumero(rejilla.txt(48)).value_or(0));
     vencimientos(a, indice, total, factura);
+}
+
+// An invoice split as the entry form splits it: the gross amount typed on the main line, the
+// tax grid proposed from the third party, the bases corrected to the invoice's own (a second
+// rate typed on the second row), and the grid's lines after the main one. The counterpart
+// lines are the caller's.
+RejillaIva Generador::repartir(Asiento& a, const Tercero& tercero, const int* tipos,
+                               const qint64* bases, int cuantos, qint64 total,
+                               const QString& concepto, const QString& partida) {
+    RejillaIva rejilla(catalogo_);
+    rejilla.Proponer(catalogo_.tercero(tercero.cuenta), euros(total));
+    rejilla.ponerTxt(9, euros(bases[0]));
+    rejilla.RecalcularFila(9);
+    if (cuantos > 1) {
+        rejilla.ponerTxt(18, euros(bases[1]));
+        rejilla.ponerTxt(19, u(kTiposIva[tipos[1]].codigo));
+        rejilla.BuscarImpuesto(19);
+        rejilla.RecalcularFila(18);
+    }
+    LineasAsiento lineas;
+    const double importe = double(total) / 100;
+    const bool debe = partida == u"D";
+    lineas.AnadirLinea(0, {}, tercero.cuenta, debe ? importe : 0, debe ? 0 : importe, concepto,
+                       kPrincipal);
+    rejilla.GenerarLineasIva(lineas, {}, concepto, partida);
+    for (const LineaApunte& l : lineas.lineas())
+        a.anadir(l.cuenta, centimos(l.debe), centimos(l.haber), l.concepto, l.tipo);
+    return rejilla;
 }
 
 // The due dates of an invoice, hanging from its first line, and when each will be settled:
@@ -1224,12 +1303,12 @@ void Generador::modelo303(const QDate& dia, int trimestre) {
 // Closes the quarter's VAT accounts against the Treasury's.
 void Generador::liquidacionIva(const QDate& dia, int trimestre) {
     bool hayIva = false;
-    for (const TipoIva& tipo : kTiposIva) hayIva = hayIva || saldos_.value(u(tipo.cuenta)) != 0;
+    for (const DatosIva& tipo : kTiposIva) hayIva = hayIva || saldos_.value(u(tipo.cuenta)) != 0;
     if (!hayIva) return;  // no number is taken for nothing
     Asiento a = nuevo(AS, "GEN", 0, dia);
     const QString concepto = QStringLiteral("Liquidación IVA %1T 2026").arg(trimestre);
     qint64 resultado = 0;  // owed to the Treasury when positive
-    for (const TipoIva& tipo : kTiposIva) {
+    for (const DatosIva& tipo : kTiposIva) {
         const QString cuenta = u(tipo.cuenta);
         const qint64 saldo = saldos_.value(cuenta);
         if (saldo == 0) continue;
