@@ -2,6 +2,7 @@
 #include "data/arranque.h"
 #include "forms/idioma.h"
 #include "forms/msgbox.h"
+#include "portfolio/formularios_cartera.h"
 #include "posting/formularios_asientos.h"
 #include "reports/formularios_informes.h"
 #include "session/principal.h"
@@ -20,6 +21,7 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(QIcon(programa::ruta(QStringLiteral("icons16/saldeva.ico"))));
     registrarFormulariosSesion();
     registrarFormulariosEmpresa();
+    registrarFormulariosCartera();
     registrarFormulariosAsientos();
     registrarFormulariosInformes();
     VentanasPrograma ventanas;

@@ -2,13 +2,13 @@
 # The layers keep to their places: only data/ speaks to the stores (no Qt SQL class, no
 # knowledge of the provider anywhere else), data/ knows nothing of widgets, and forms/ (what
 # all forms share) knows no particular subsystem's form; the company's set-up knows nothing of
-# the session's windows, and posting and the reports know no other subsystem but the shared
-# forms and data.
+# the session's windows; the portfolio and the reports know no other subsystem but the shared
+# forms and data, and posting knows only the portfolio besides them.
 set -u
 cd "$(dirname "$0")/.."
 fallos=0
 fuera=$(grep -rlE 'QSql(Query|Database|Error|Record)|Proveedor::|almacen/dialecto\.h' \
-          --include='*.cpp' --include='*.h' app forms session setup posting reports bench tools 2>/dev/null)
+          --include='*.cpp' --include='*.h' app forms session setup portfolio posting reports bench tools 2>/dev/null)
 if [ -n "$fuera" ]; then echo "Acceso al almacén fuera de data/:"; echo "$fuera"; fallos=1; fi
 widgets=$(grep -rlE '#include <Q(Widget|Dialog|MessageBox|Application|MainWindow)' data 2>/dev/null)
 if [ -n "$widgets" ]; then echo "Widgets dentro de data/:"; echo "$widgets"; fallos=1; fi
@@ -16,7 +16,9 @@ arriba=$(grep -rlE '#include "(session|setup|posting|portfolio|reports|yearend)/
 if [ -n "$arriba" ]; then echo "forms/ depende de un subsistema de encima:"; echo "$arriba"; fallos=1; fi
 lado=$(grep -rlE '#include "(session|posting|portfolio|reports|yearend)/' setup 2>/dev/null)
 if [ -n "$lado" ]; then echo "setup/ depende de otro subsistema:"; echo "$lado"; fallos=1; fi
-asientos=$(grep -rlE '#include "(session|setup|portfolio|reports|yearend)/' posting 2>/dev/null)
+cartera=$(grep -rlE '#include "(session|setup|posting|reports|yearend)/' portfolio 2>/dev/null)
+if [ -n "$cartera" ]; then echo "portfolio/ depende de otro subsistema:"; echo "$cartera"; fallos=1; fi
+asientos=$(grep -rlE '#include "(session|setup|reports|yearend)/' posting 2>/dev/null)
 if [ -n "$asientos" ]; then echo "posting/ depende de otro subsistema:"; echo "$asientos"; fallos=1; fi
 informes=$(grep -rlE '#include "(session|setup|posting|portfolio|yearend)/' reports 2>/dev/null)
 if [ -n "$informes" ]; then echo "reports/ depende de otro subsistema:"; echo "$informes"; fallos=1; fi

@@ -16,6 +16,7 @@
 #include "forms/formularios.h"
 #include "forms/lista.h"
 #include "forms/mantenimiento.h"
+#include "portfolio/formularios_cartera.h"
 #include "session/frmlogin.h"
 #include "session/frmmain.h"
 #include "session/frmusuariosdelegaciones.h"
@@ -68,6 +69,7 @@ private Q_SLOTS:
         silenciarAvisosDePlataforma();
         registrarFormulariosSesion();
         registrarFormulariosEmpresa();
+        registrarFormulariosCartera();
         establecerFinProceso([] {});
     }
     void init() {
@@ -170,7 +172,8 @@ private Q_SLOTS:
                                                         {"frmIrpf", "Irpf"},
                                                         {"frmFormasPago", "Formas de Pago"},
                                                         {"frmPersonal", "Datos personales"},
-                                                        {"frmAcrdeu", "Acreedores - Deudores"}})
+                                                        {"frmAcrdeu", "Acreedores - Deudores"},
+                                                        {"frmRegistroIva", "Registro de IVA"}})
             QTest::newRow(n) << QString::fromUtf8(n) << QString::fromUtf8(t);
     }
     void todasLasDeclaraciones() {
