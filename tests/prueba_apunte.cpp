@@ -4,6 +4,7 @@
 // way leaving the store untouched and the entry on the screen; an entry not stored that no
 // road throws away unasked, and the number drawn for it given back to its series.
 #include "comun/almacen_prueba.h"
+#include "comun/apunte_prueba.h"
 #include "comun/asiento_prueba.h"
 #include "comun/gui_prueba.h"
 #include "comun/sesion_prueba.h"
@@ -37,13 +38,6 @@
 namespace {
 
 const QString kAnio = QString::number(QDate::currentDate().year());
-const QKeySequence kSiguiente(Qt::CTRL | Qt::Key_PageDown), kAnterior(Qt::CTRL | Qt::Key_PageUp);
-
-frmApunte* abrirApunte() {
-    auto* f = qobject_cast<frmApunte*>(formularios::abrir("frmApunte"));
-    if (f) activar(f->ventana());
-    return f;
-}
 
 // The first tab as typed: journal and document in lower case, "0" for a new number, the
 // account with its dot.
@@ -69,17 +63,6 @@ void contrapartida(frmApunte* f, const QString& cuenta, const QString& debe, con
     teclear(f->txt(57), concepto);
     QCOMPARE(QApplication::focusWidget(), f->btnContrapartida());
     QTest::keyClick(f->btnContrapartida(), Qt::Key_Return);
-}
-
-// The list on the screen as "number account debit credit type" rows.
-QStringList lineasEnPantalla(const frmApunte* f) {
-    QStringList t;
-    const ListaClaves* l = f->ListViewApunte();
-    for (int i = 0; i < l->filas(); ++i)
-        t << QStringList{l->texto(i, 0), l->texto(i, 2), l->texto(i, 3), l->texto(i, 4),
-                         l->texto(i, 6)}
-                 .join(' ');
-    return t;
 }
 
 void dobleClicEnLinea(frmApunte* f, int fila) {

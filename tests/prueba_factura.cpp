@@ -3,6 +3,7 @@
 // counterpart from the third party's role, and the register rows stored with the entry, all of
 // it or nothing; the stored invoice shown back by its number.
 #include "comun/almacen_prueba.h"
+#include "comun/apunte_prueba.h"
 #include "comun/asiento_prueba.h"
 #include "comun/gui_prueba.h"
 #include "comun/sesion_prueba.h"
@@ -27,7 +28,6 @@
 namespace {
 
 const QString kAnio = QString::number(QDate::currentDate().year());
-const QKeySequence kSiguiente(Qt::CTRL | Qt::Key_PageDown), kAnterior(Qt::CTRL | Qt::Key_PageUp);
 
 // On top of the entries' company: a purchase document FC (main line on the credit side) and a
 // sale document FS (debit side), both with VAT and without portfolio; a professional who
@@ -51,12 +51,6 @@ void prepararFacturas() {
                    "PRUEBA");
     acrdeu::Insert(c, "EMP", "43000002", "C2", "CLI", "NAC", "V21R", "CON", 0, 0, "", "70000001",
                    "PRUEBA");
-}
-
-frmApunte* abrirApunte() {
-    auto* f = qobject_cast<frmApunte*>(formularios::abrir("frmApunte"));
-    if (f) activar(f->ventana());
-    return f;
 }
 
 // The first tab of an invoice, as typed.
@@ -84,16 +78,6 @@ QString totalesEnPantalla(const frmApunte* f) {
     return QStringList{f->txt(45)->text(), f->txt(46)->text(), f->txt(47)->text(),
                        f->txt(48)->text()}
         .join('|');
-}
-
-QStringList lineasEnPantalla(const frmApunte* f) {
-    QStringList t;
-    const ListaClaves* l = f->ListViewApunte();
-    for (int i = 0; i < l->filas(); ++i)
-        t << QStringList{l->texto(i, 0), l->texto(i, 2), l->texto(i, 3), l->texto(i, 4),
-                         l->texto(i, 6)}
-                 .join(' ');
-    return t;
 }
 
 // The register rows of the store, "line|type|third party|tax|base|%|amount|%|amount".
