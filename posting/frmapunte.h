@@ -108,6 +108,7 @@ private:
     void leerRejilla();
     void mostrarRejilla();
     bool revisarImpuestos();
+    bool seguirRejilla(int i);
     void PrepararIvaCartera();
     bool GenerarLineasIva();
 

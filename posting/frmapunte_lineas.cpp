@@ -67,9 +67,7 @@ void frmApunte::alSalir(int i) {
     } else if ((i == 5 || i == 6) && !txt_[5]->text().isEmpty() && !txt_[6]->text().isEmpty()) {
         Protegido([this] { PrepararIvaCartera(); });
     } else if (RejillaIva::fila(i) > 0 && pestana() == 2) {
-        leerRejilla();
-        Protegido([&] { rejilla_.alSalir(i); });
-        mostrarRejilla();
+        seguirRejilla(i);
     }
 }
 
@@ -94,6 +92,11 @@ bool frmApunte::revisarImpuestos() {
         txt_[i]->setFocus();
         return false;
     }
+    return seguirRejilla(i);
+}
+
+// What follows on the grid from leaving field i, computed on the texts of the screen.
+bool frmApunte::seguirRejilla(int i) {
     leerRejilla();
     const bool hecho = Protegido([&] { rejilla_.alSalir(i); });
     mostrarRejilla();
