@@ -620,6 +620,9 @@ public:
     std::optional<TipoIrpf> irpf(const QString& codigo) override {
         return recordar(retenciones_, codigo, [&] { return almacen_.irpf(codigo); });
     }
+    std::optional<FormaPago> formaPago(const QString& codigo) override {
+        return recordar(formas_, codigo, [&] { return almacen_.formaPago(codigo); });
+    }
 
 private:
     template <class T, class Leer>
@@ -633,6 +636,7 @@ private:
     QHash<QString, std::optional<TerceroCuenta>> terceros_;
     QHash<QString, std::optional<TipoIva>> impuestos_;
     QHash<QString, std::optional<TipoIrpf>> retenciones_;
+    QHash<QString, std::optional<FormaPago>> formas_;
 };
 
 QString euros(qint64 centimos) {

@@ -38,6 +38,7 @@ public:
     std::optional<TipoIrpf> irpf(const QString& codigo) override {
         return retenciones.contains(codigo) ? std::optional(retenciones[codigo]) : std::nullopt;
     }
+    std::optional<FormaPago> formaPago(const QString&) override { return std::nullopt; }
 };
 
 // A row of the grid as "base|type|%VAT|VAT|%RE|RE|withholding|%|amount".

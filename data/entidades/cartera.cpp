@@ -72,3 +72,22 @@ void cartera::SetEstado(Conexion& conexion, const QString& codigo_empresa,
             ultimo_usuario);
     });
 }
+
+bool cartera::Cerrar(Conexion& conexion, const QString& codigo_empresa,
+                     const QString& codigo_delegacion, const QString& codigo_documento,
+                     const QString& numero_documento, int numero_apunte, const QVariant& fecha_vto,
+                     const QVariant& fecha_cierre, const QString& codigo_documento_cierre,
+                     const QString& numero_documento_cierre, const QString& ultimo_usuario) {
+    return ejecutar(conexion, Operacion::SetEstado, Transaccional::No, [&] {
+        return actualizarColumnasSi(conexion, esquema::Cartera,
+                                    {codigo_empresa, codigo_delegacion, codigo_documento,
+                                     numero_documento, numero_apunte, fecha_vto},
+                                    QStringLiteral("estado = 'P'"),
+                                    {QStringLiteral("estado"), QStringLiteral("fecha_cierre"),
+                                     QStringLiteral("codigo_documento_cierre"),
+                                     QStringLiteral("numero_documento_cierre")},
+                                    {QStringLiteral("C"), fecha_cierre, codigo_documento_cierre,
+                                     numero_documento_cierre},
+                                    ultimo_usuario) == 1;
+    });
+}

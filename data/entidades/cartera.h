@@ -33,4 +33,13 @@ struct cartera {
                           const QVariant& fecha_vto, const QString& estado,
                           const QVariant& fecha_cierre, const QString& codigo_documento_cierre,
                           const QString& numero_documento_cierre, const QString& ultimo_usuario);
+    // Closes a due date that is still pending, in one statement, so that of two entries that
+    // close it at once only one does: false, with nothing written, when it is not pending any
+    // more (closed or returned meanwhile) or is gone.
+    static bool Cerrar(Conexion& conexion, const QString& codigo_empresa,
+                       const QString& codigo_delegacion, const QString& codigo_documento,
+                       const QString& numero_documento, int numero_apunte,
+                       const QVariant& fecha_vto, const QVariant& fecha_cierre,
+                       const QString& codigo_documento_cierre,
+                       const QString& numero_documento_cierre, const QString& ultimo_usuario);
 };

@@ -166,9 +166,10 @@ void actualizar(Conexion& conexion, const esquema::Tabla& tabla, const Valores& 
     reescribir(conexion, tabla, clave, columnas, datos, usuario);
 }
 
-void actualizarColumnas(Conexion& conexion, const esquema::Tabla& tabla, const QVariantList& clave,
-                        const QStringList& columnas, const QVariantList& valores,
-                        const QString& usuario) {
+namespace {
+
+QVariantList comoColumnas(const esquema::Tabla& tabla, const QStringList& columnas,
+                          const QVariantList& valores) {
     QVariantList datos;
     for (qsizetype i = 0; i < columnas.size(); ++i) {
         const esquema::Columna* def = nullptr;
@@ -178,7 +179,25 @@ void actualizarColumnas(Conexion& conexion, const esquema::Tabla& tabla, const Q
             throw Error(errores::kAlmacen, QStringLiteral("Columna desconocida: ") + columnas[i]);
         datos << comoColumna(*def, valores[i], Fechas::Convertir);
     }
-    reescribir(conexion, tabla, clave, columnas, datos, usuario);
+    return datos;
+}
+
+}  // namespace
+
+void actualizarColumnas(Conexion& conexion, const esquema::Tabla& tabla, const QVariantList& clave,
+                        const QStringList& columnas, const QVariantList& valores,
+                        const QString& usuario) {
+    reescribir(conexion, tabla, clave, columnas, comoColumnas(tabla, columnas, valores), usuario);
+}
+
+int actualizarColumnasSi(Conexion& conexion, const esquema::Tabla& tabla, const QVariantList& clave,
+                         const QString& ademas, const QStringList& columnas,
+                         const QVariantList& valores, const QString& usuario) {
+    QStringList todas = columnas;
+    QVariantList datos = comoColumnas(tabla, columnas, valores);
+    sello(tabla, todas, datos, usuario);
+    return conexion.actualizar(nombre(tabla.nombre), todas, datos,
+                               condicionClave(tabla, clave) + QStringLiteral(" AND ") + ademas);
 }
 
 Recordset getList(Conexion& conexion, const esquema::Tabla& tabla, const QString& condicion,

@@ -68,6 +68,11 @@ void actualizar(Conexion& conexion, const esquema::Tabla& tabla, const Valores& 
 void actualizarColumnas(Conexion& conexion, const esquema::Tabla& tabla, const QVariantList& clave,
                         const QStringList& columnas, const QVariantList& valores,
                         const QString& usuario);
+// The same only while the row also meets `ademas` ("estado = 'P'"): gives the rows changed,
+// 0 when the row is missing or no longer meets it, which is no failure here.
+int actualizarColumnasSi(Conexion& conexion, const esquema::Tabla& tabla, const QVariantList& clave,
+                         const QString& ademas, const QStringList& columnas,
+                         const QVariantList& valores, const QString& usuario);
 
 // "codigo_empresa = 'E' AND ejercicio = 2026": the key columns in order, texts quoted,
 // numbers bare, dates through sDate.
