@@ -8,11 +8,14 @@
 #include "data/global.h"
 #include "lineas.h"
 
+#include <QSet>
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 constexpr qint32 kTiposNoCoinciden = 13;
+constexpr qint32 kClaveRepetida = 35602;
 
 QString fechaPantalla(const QDate& d) {
     return d.toString(QStringLiteral("dd/MM/yyyy"));
@@ -66,6 +69,13 @@ void CarteraAlta::Proponer(const QString& codigoPago, const FormaPago& forma,
             formato::leerNumero(formato::Format(importe * (*pct / 100), QStringLiteral("0.00")))
                 .value_or(0);
         total += parte;
+        if (parte != 0 && std::any_of(efectos_.cbegin(), efectos_.cend(), [&](const auto& e) {
+                return e.tipo == tipo && e.vencimiento == fechaPantalla(d);
+            }))
+            throw Error(kClaveRepetida,
+                        QStringLiteral("La forma de pago %1 da dos vencimientos el %2: añada a "
+                                       "mano los que falten.")
+                            .arg(codigoPago, fechaPantalla(d)));
         if (parte != 0)
             efectos_.append({tipo, fechaPantalla(d), textoPantalla(parte),
                              QStringLiteral("Vto. %1. ").arg(n) + numeroDocumento});
@@ -128,9 +138,17 @@ void CarteraAlta::limpiar() {
 
 // --- Closing due items -----------------------------------------------------------------------
 
+// A new selection starts a new count. An item found twice (its third party has two accounts
+// of the same role) is listed once, with the first account found.
 void CarteraGestion::Poner(const QList<EfectoSeleccionado>& efectos) {
-    efectos_.clear();
-    for (const EfectoSeleccionado& e : efectos) efectos_.append({e.estado, e});
+    limpiar();
+    QSet<QString> vistos;
+    for (const EfectoSeleccionado& e : efectos) {
+        const QString clave = e.codigoDocumento + u'\n' + e.numeroDocumento + u'\n' + e.fechaVto;
+        if (vistos.contains(clave)) continue;
+        vistos.insert(clave);
+        efectos_.append({e.estado, e});
+    }
 }
 
 void CarteraGestion::Marcar(int fila) {

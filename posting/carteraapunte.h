@@ -78,7 +78,8 @@ struct EfectoMarcado {
 // The items that a collection or payment entry closes: ListViewGestionCartera and txt(61).
 class CarteraGestion {
 public:
-    // The selection's items, replacing the list, each with its stored state as mark.
+    // The selection's items, replacing the list and its total, each with its stored state as
+    // mark.
     void Poner(const QList<EfectoSeleccionado>& efectos);
     // A double click: "P" to "C" adding its amount to the total, "C" to "D" with the total
     // unchanged (so a "D" item's amount is still inside it), "D" to "P" taking it out.

@@ -56,9 +56,12 @@ frmApunte::~frmApunte() {
     eventos_->silencio = true;
 }
 
+// The selection of due items fills this form's list: it goes with it.
 void frmApunte::closeEvent(QCloseEvent* evento) {
     Formulario::closeEvent(evento);  // asks first when the entry is not stored
-    if (evento->isAccepted()) eventos_->silencio = true;
+    if (!evento->isAccepted()) return;
+    eventos_->silencio = true;
+    descargarSeleccion();
 }
 
 QString frmApunte::faltaSesion() const {
@@ -103,17 +106,21 @@ void frmApunte::construir() {
     columna->addWidget(tabs_);
 
     pila_ = new QStackedWidget(this);
-    const std::array<QWidget*, 5> marcos{construirMarcoApunte(), construirMarcoIva(), new QWidget,
-                                         construirMarcoContrapartida(), new QWidget};
+    // The portfolio and counterpart frames name their own editable part: their lists stay
+    // readable on a shown entry.
+    const std::array<QWidget*, 5> marcos{construirMarcoApunte(), construirMarcoIva(),
+                                         construirMarcoAlta(), construirMarcoContrapartida(),
+                                         construirMarcoGestion()};
     for (int i = 0; i < 5; ++i) {
         auto* marco = new QWidget;
         marco->setObjectName(QStringLiteral("frmAsiento(%1)").arg(i));
         auto* dentro = new QVBoxLayout(marco);
         dentro->setContentsMargins(0, 4, 0, 0);
         dentro->addWidget(marcos[i], 1);
-        frmAsiento_[i] = i == 3 ? nuevaLinea_ : marcos[i];
+        if (i < 2) frmAsiento_[i] = marcos[i];
         pila_->addWidget(marco);
     }
+    frmAsiento_[3] = nuevaLinea_;
     columna->addWidget(pila_, 1);
 
     // One pair of buttons per tab, the pair of the tab on show visible; they stay usable on a
@@ -161,6 +168,8 @@ void frmApunte::construir() {
     });
 
     guardarColumnasDe(lista_, QStringLiteral("Grid_AC"));
+    guardarColumnasDe(listaAlta_, QStringLiteral("Grid_BC"));
+    guardarColumnasDe(listaGestion_, QStringLiteral("Grid_CC"));
     setFocusProxy(txt_[0]);
     tamanoInicial(780, 560);
 }
@@ -335,6 +344,10 @@ void frmApunte::LimpiarPantalla() {
     des54_->clear();
     lineas_.limpiar();
     rejilla_.limpiar();
+    alta_.limpiar();
+    gestion_.limpiar();
+    mostrarAlta();
+    mostrarGestion();
     TotalesAsiento();
     for (int p = pestana() - 1; p >= 1; --p) seleccionar(p);
     Boton(toolbar_, claves::insertar)->setEnabled(true);
@@ -383,10 +396,11 @@ void frmApunte::alCambiarPestana(int indice) {
         MsgBox(mensaje, Icono::Critico);
         return;
     }
-    // The tax tab regenerates its lines in either direction; a shown entry keeps its stored
-    // lines. The portfolio tab, once on this screen, generates its lines here too.
+    // The tax and portfolio tabs regenerate their lines in either direction; a shown entry
+    // keeps its stored lines.
     if (TabAnterior == 2 && !mostrando_ && (!revisarImpuestos() || !GenerarLineasIva()))
         return rechazar();
+    if (TabAnterior == 3 && !mostrando_) GenerarLineasGestion();
     if (TabAnterior == 1) GenerarPartida();
     int frame = elegida - 1;
     if (frame == 2 && (documento_.cartera == u"C" || documento_.cartera == u"P")) frame = 4;
@@ -406,8 +420,8 @@ void frmApunte::MostrarPagina(int frame) {
     }
     if (!frmAsiento_[frame]->isEnabled()) return;
     static constexpr int kFoco[] = {0, 9, 49, 54, -1};
-    QWidget* foco = kFoco[frame] >= 0 ? txt_[kFoco[frame]] : nullptr;
-    (foco ? foco : frmAsiento_[frame])->setFocus();
+    QWidget* foco = kFoco[frame] >= 0 ? static_cast<QWidget*>(txt_[kFoco[frame]]) : cmdSeleccion_;
+    foco->setFocus();
 }
 
 QString frmApunte::ValidarObligatorios(int pagina) {

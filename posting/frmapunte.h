@@ -1,5 +1,6 @@
 #pragma once
 
+#include "carteraapunte.h"
 #include "documento.h"
 #include "forms/formulario.h"
 #include "lineas.h"
@@ -25,9 +26,10 @@ class QTreeWidgetItem;
 // can be reached in one move; leaving a tab checks it and generates its lines.
 //
 // The fields are numbered as the rest of the system names them, txt(0) to txt(61). The tax
-// grid, txt(9) to txt(48), computes through RejillaIva, which the screen's fields mirror. The
-// portfolio tab keeps its frames (2 and 4) and its numbers (49 to 53, 61); its fields are not
-// on this screen yet, so txt() gives nullptr for them.
+// grid, txt(9) to txt(48), computes through RejillaIva, and the portfolio tab through
+// CarteraAlta (frame 2, an invoice's due items, txt(49) to txt(53)) and CarteraGestion (frame
+// 4, the items a collection or payment closes, txt(61)); the screen mirrors them. Fields 54 to
+// 60 belong to the counterpart tab; no field is numbered beyond them but 61.
 //
 // An entry typed by its number is shown read-only: the tabs can be walked, `cancelar` leaves
 // it and `borrar` removes it with everything that hangs from it.
@@ -66,6 +68,18 @@ public:
     // Whether a new entry has been typed, in any field but the two dates, or has lines.
     bool sinGrabar() const;
 
+    QPushButton* btnAltaVencimiento() const { return btnAltaVencimiento_; }
+    QPushButton* cmdSeleccion() const { return cmdSeleccion_; }
+    QPushButton* cmdPendientes() const { return cmdPendientes_; }
+    QPushButton* cmdCancelar() const { return cmdCancelar_; }
+    ListaClaves* ListViewAltaCartera() const { return listaAlta_; }
+    ListaClaves* ListViewGestionCartera() const { return listaGestion_; }
+    const CarteraAlta& alta() const { return alta_; }
+    const CarteraGestion& gestion() const { return gestion_; }
+    // The items a selection found, replacing the list's; false, with nothing changed, when the
+    // entry on screen closes no due items (no such document, or a stored entry on show).
+    bool recibirEfectos(const QList<EfectoSeleccionado>& efectos);
+
     // The third party's usual counterpart account, proposed once on the last tab.
     void ponerCtaContrapartida(const QString& cuenta) { CtaContrapartida = cuenta; }
 
@@ -79,6 +93,8 @@ private:
     QWidget* construirMarcoApunte();
     QWidget* construirMarcoIva();
     QWidget* construirMarcoContrapartida();
+    QWidget* construirMarcoAlta();
+    QWidget* construirMarcoGestion();
     // txt(i), with its lookup tag and, when given, a width in characters.
     QLineEdit* campo(QWidget* padre, int i, const QString& tag = {}, int ancho = 0);
 
@@ -111,6 +127,17 @@ private:
     bool seguirRejilla(int i);
     void PrepararIvaCartera();
     bool GenerarLineasIva();
+
+    // The portfolio tab.
+    void ProponerVencimientos(const std::optional<TerceroCuenta>& tercero);
+    void anadirVencimiento();
+    void alActivarVencimiento(QTreeWidgetItem* fila);
+    void mostrarAlta();
+    void SeleccionarEfectos();
+    void alActivarEfecto(QTreeWidgetItem* fila);
+    void mostrarGestion();
+    void GenerarLineasGestion();
+    void descargarSeleccion();
 
     // The counterpart and the line list.
     void anadirContrapartida();
@@ -150,11 +177,19 @@ private:
     QList<QPushButton*> ant_, sig_;
     QPushButton* btnContrapartida_ = nullptr;
     ListaClaves* lista_ = nullptr;
+    QPushButton* btnAltaVencimiento_ = nullptr;
+    ListaClaves* listaAlta_ = nullptr;
+    QPushButton* cmdSeleccion_ = nullptr;
+    QPushButton* cmdPendientes_ = nullptr;
+    QPushButton* cmdCancelar_ = nullptr;
+    ListaClaves* listaGestion_ = nullptr;
     EventosCampos* eventos_ = nullptr;
 
     LineasAsiento lineas_;
     CatalogoSesion catalogo_;
     RejillaIva rejilla_{catalogo_};
+    CarteraAlta alta_;
+    CarteraGestion gestion_;
     std::array<bool, 5> Paginas{false, true, false, false, false};
     int TabAnterior = 1;
     bool SaltarClick = false;

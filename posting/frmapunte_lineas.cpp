@@ -43,6 +43,8 @@ bool frmApunte::comprobar(int i) {
                 validacion::ValidarCabecera(i, texto, txt_[1]->text(), documento_, &descripcion);
         else if (i >= RejillaIva::kPrimero && i <= RejillaIva::kUltimo)
             codigo = rejilla_.ValidarImpuestos(i, texto);
+        else if (i >= 49 && i <= 51)
+            codigo = validacion::ValidarVencimiento(i, texto);
         else if (i >= 54 && i <= 56)
             codigo = validacion::ValidarContrapartida(i, texto, &descripcion);
     });
@@ -104,9 +106,8 @@ bool frmApunte::seguirRejilla(int i) {
 }
 
 // On leaving the account or the amount of the main line: the third party's counterpart for
-// the last tab and a fresh split of the amount for the tax tab, whatever the grid held. The
-// portfolio tab's due dates, from the third party's payment method, are proposed here too once
-// that tab is on this screen.
+// the last tab, a fresh split of the amount for the tax tab and fresh due dates for the
+// portfolio tab, whatever they held. An account of no third party proposes no due dates.
 void frmApunte::PrepararIvaCartera() {
     if (!Paginas[2] && !Paginas[3]) return;
     const std::optional<TerceroCuenta> tercero = catalogo_.tercero(txt_[5]->text());
@@ -115,6 +116,7 @@ void frmApunte::PrepararIvaCartera() {
         rejilla_.Proponer(tercero, txt_[6]->text());
         mostrarRejilla();
     }
+    if (Paginas[3] && tercero) ProponerVencimientos(tercero);
 }
 
 // A refusal keeps the user on the tax tab with the reason.
@@ -179,6 +181,13 @@ void frmApunte::CargarAsiento() {
     rejilla_.Cargar(*sesion_conexion, sesion_empresa, sesion_delegacion, txt_[1]->text(),
                     txt_[2]->text(), lineas_);
     mostrarRejilla();
+    alta_.limpiar();
+    if (documento_.cartera == u"A")
+        alta_.Cargar(*sesion_conexion, sesion_empresa, sesion_delegacion, txt_[1]->text(),
+                     txt_[2]->text());
+    mostrarAlta();
+    gestion_.limpiar();
+    mostrarGestion();
     // Shown, not edited: the tabs can be walked, the entry left or deleted. A number just
     // drawn that turns out to be a stored entry's is that entry's: it does not go back.
     tomado_.reset();
@@ -293,6 +302,13 @@ void frmApunte::GrabarAsiento() {
                     rejilla_.InsertarRegistros(c, sesion_empresa, sesion_delegacion,
                                                cabecera.documento, cabecera.numero, cuenta,
                                                sesion_usuario);
+                    if (documento_.cartera == u"A")
+                        alta_.InsertarCartera(c, sesion_empresa, sesion_delegacion,
+                                              cabecera.documento, cabecera.numero,
+                                              catalogo_.tercero(cuenta), sesion_usuario);
+                    else if (documento_.cartera == u"C" || documento_.cartera == u"P")
+                        gestion_.CerrarEfectos(c, sesion_empresa, sesion_delegacion, cabecera.fecha,
+                                               cabecera.documento, cabecera.numero, sesion_usuario);
                 });
         }))
         return;

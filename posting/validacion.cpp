@@ -118,6 +118,21 @@ int ValidarContrapartida(int indice, QString& texto, QString* descripcion) {
     }
 }
 
+int ValidarVencimiento(int indice, QString& texto) {
+    if (texto.isEmpty()) return 0;
+    switch (indice) {
+        case 49:
+            texto = texto.toUpper();
+            return texto == u"P" || texto == u"C" ? 0 : 1005;
+        case 50:
+            return formato::leerFecha(texto) ? 0 : 1004;
+        case 51:
+            return formato::leerImporte(texto) ? 0 : 1004;
+        default:
+            return 0;
+    }
+}
+
 int ValidarAsiento(const QString& fecha, double saldo) {
     const QString dia = Auxiliar::sDate(fecha);
     if (dia > sesion_fecha_final || dia < sesion_fecha_inicial) return 1027;

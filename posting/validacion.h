@@ -18,6 +18,10 @@ int ValidarCabecera(int indice, QString& texto, const QString& documento,
 // Fields 54 to 56, the counterpart line; the account's description goes to `descripcion`.
 int ValidarContrapartida(int indice, QString& texto, QString* descripcion = nullptr);
 
+// Fields 49 to 51, a due item typed by hand: its type ("C" or "P", put in capitals), date and
+// amount in cents.
+int ValidarVencimiento(int indice, QString& texto);
+
 // The entry as a whole before it is written: the posting date inside the fiscal year (1027)
 // and inside the posting window when both its bounds are set (1029), and an exact balance
 // (1028): no tolerance, so a residue of the floating sums refuses the entry.
