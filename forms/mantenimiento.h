@@ -154,10 +154,10 @@ public:
     // The toolbar's actions, public so that a test presses them as the user does.
     virtual void LimpiarCampos();
     virtual bool validarDatos();
-    void AltaRegistro();
-    void ModificarRegistro();
+    virtual void AltaRegistro();
+    virtual void ModificarRegistro();
     virtual void BorrarRegistro();
-    void Filtrar();
+    virtual void Filtrar();
     void RefrescarLista(const QString& condicion);
 
 protected:
