@@ -20,6 +20,7 @@ Buzon::~Buzon() {
 void activar(QWidget* ventana) {
     QWidget* marco = ventana->window();
     marco->show();
+    marco->activateWindow();
     QApplication::setActiveWindow(marco);
     if (!QTest::qWaitForWindowActive(marco)) qWarning("la ventana no se activó");
 }
