@@ -31,8 +31,8 @@ struct CriteriosSeleccion {
 
 // The pending due items of `tipo` ("C" collections, "P" payments) of the company's branch
 // within the bounds, whose third party has its Acrdeu row of the item's kind, in the store's
-// order. An account bound that belongs to no third party, or an amount that is not a number,
-// fails with an Error that says so.
+// order. An account bound that belongs to no third party, or an amount or a date that is not
+// one, fails with an Error that says so.
 QList<EfectoSeleccionado> SeleccionarEfectos(Conexion& conexion, const QString& empresa,
                                              const QString& delegacion, const QString& tipo,
                                              const CriteriosSeleccion& criterios);
