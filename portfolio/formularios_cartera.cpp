@@ -9,4 +9,6 @@ void registrarFormulariosCartera() {
                            [] { return static_cast<Formulario*>(new frmSeleccionCartera); });
     formularios::registrar(QStringLiteral("frmRegistroIva"),
                            [] { return static_cast<Formulario*>(nuevoFrmRegistroIva()); });
+    formularios::registrar(QStringLiteral("frmCartera"),
+                           [] { return static_cast<Formulario*>(nuevoFrmCartera()); });
 }
