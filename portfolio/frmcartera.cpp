@@ -1,3 +1,4 @@
+#include "comun.h"
 #include "data/almacen/error.h"
 #include "data/almacen/sql.h"
 #include "data/auxiliar.h"
@@ -20,6 +21,7 @@
 namespace {
 
 using namespace mantenimiento;
+using namespace cartera_comun;
 
 const QString kImporte = QStringLiteral("0.00");
 const QString kFalta = QStringLiteral("#");
@@ -29,31 +31,11 @@ const QStringList kEstados{QStringLiteral("P"), QStringLiteral("C"), QStringLite
 // The first button of each group among opt(i).
 constexpr int kPrimerTipo = 0, kPrimerEstado = 2;
 
-// The name of a code of the company's table; nothing when there is no such code. A row whose
-// name is blank still exists.
-std::optional<QString> nombreDe(const QString& tabla, const QString& columnaNombre,
-                                const QString& columnaCodigo, const QString& codigo) {
-    const QString condicion = QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) +
-                              QStringLiteral(" and ") + columnaCodigo + QStringLiteral(" = ") +
-                              sqlTexto(codigo);
-    if (Auxiliar::vBuscarCampo(tabla, columnaCodigo, condicion, kFalta).toString() == kFalta)
-        return std::nullopt;
-    return Auxiliar::vBuscarCampo(tabla, columnaNombre, condicion, QString()).toString();
-}
-
 QString comprobarFecha(const QString& texto) {
     return formato::leerFecha(texto) ? QString() : MensajeError(1004);
 }
 
 // Amounts are whole cents.
-QString comprobarImporte(const QString& texto) {
-    return formato::leerImporte(texto) ? QString() : MensajeError(1004);
-}
-
-// A checked amount, or a blank, as the form and the list show it.
-QString comoImporte(const QString& texto) {
-    return formato::Format(formato::leerNumero(texto).value_or(0), kImporte);
-}
 
 // The amount of a filter as the statement takes it: the typed text with its commas made
 // points, as the system writes it, when that text reads as the same number; otherwise (a
@@ -110,17 +92,7 @@ Declaracion declaracionCartera() {
          .tipo = Tipo::Numero,
          .ancho = 12,
          .comprobar = comprobarImporte},
-        {.etiqueta = QStringLiteral("&Acreedor/Deudor:"),
-         .columna = QStringLiteral("codigo_personal"),
-         .lupa = QStringLiteral("PERSONAL.codigo"),
-         .ancho = 10,
-         .nombre =
-             [](const QString& codigo) {
-                 return nombreDe(QStringLiteral("Personal"), QStringLiteral("nombre"),
-                                 QStringLiteral("codigo"), codigo);
-             },
-         .sinNombre = 9999,
-         .verNombre = true},
+        campoTercero(QStringLiteral("&Acreedor/Deudor:")),
         fecha("Fecha &cierre:", "fecha_cierre", false),
         {.etiqueta = QStringLiteral("Doc&umento cierre:"),
          .columna = QStringLiteral("codigo_documento_cierre"),

@@ -1,3 +1,4 @@
+#include "comun.h"
 #include "data/almacen/sql.h"
 #include "data/auxiliar.h"
 #include "data/entidades/registroiva.h"
@@ -20,6 +21,7 @@
 namespace {
 
 using namespace mantenimiento;
+using namespace cartera_comun;
 
 const QString kImporte = QStringLiteral("0.00");
 const QString kFalta = QStringLiteral("#");
@@ -28,33 +30,11 @@ const QStringList kTipos{QStringLiteral("C"), QStringLiteral("V"), QStringLitera
 const QStringList kRoles{QStringLiteral("CLI"), QStringLiteral("PRO"), QStringLiteral("DEU"),
                          QStringLiteral("ACR")};
 
-QString deLaEmpresa(const QString& columna, const QString& codigo) {
-    return QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) +
-           QStringLiteral(" and ") + columna + QStringLiteral(" = ") + sqlTexto(codigo);
-}
-
-// The name of a code of the company's table; nothing when there is no such code. A row whose
-// name is blank still exists.
-std::optional<QString> nombreDe(const QString& tabla, const QString& columnaNombre,
-                                const QString& columnaCodigo, const QString& codigo) {
-    const QString condicion = deLaEmpresa(columnaCodigo, codigo);
-    if (Auxiliar::vBuscarCampo(tabla, columnaCodigo, condicion, kFalta).toString() == kFalta)
-        return std::nullopt;
-    return Auxiliar::vBuscarCampo(tabla, columnaNombre, condicion, QString()).toString();
-}
-
 // Amounts are whole cents; rates any number.
-QString comprobarImporte(const QString& texto) {
-    return formato::leerImporte(texto) ? QString() : MensajeError(1004);
-}
 QString comprobarPorcentaje(const QString& texto) {
     return formato::IsNumeric(texto) ? QString() : MensajeError(1004);
 }
 
-// A checked number as the list shows it.
-QString comoImporte(const QString& texto) {
-    return formato::Format(formato::leerNumero(texto).value_or(0), kImporte);
-}
 QString comoPorcentaje(const QString& texto) {
     return textoCampo(formato::leerNumero(texto).value_or(0), Tipo::Numero);
 }
@@ -94,17 +74,7 @@ Declaracion declaracionRegistroIva() {
          .tipo = Tipo::Numero,
          .obligatorio = true,
          .ancho = 6},
-        {.etiqueta = QStringLiteral("No&mbre:"),
-         .columna = QStringLiteral("codigo_personal"),
-         .lupa = QStringLiteral("PERSONAL.codigo"),
-         .ancho = 10,
-         .nombre =
-             [](const QString& codigo) {
-                 return nombreDe(QStringLiteral("Personal"), QStringLiteral("nombre"),
-                                 QStringLiteral("codigo"), codigo);
-             },
-         .sinNombre = 9999,
-         .verNombre = true},
+        campoTercero(QStringLiteral("No&mbre:")),
         {.etiqueta = QStringLiteral("&Impuesto:"),
          .columna = QStringLiteral("impuesto"),
          .lupa = QStringLiteral("IMPUESTOS.impuesto"),

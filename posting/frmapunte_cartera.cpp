@@ -217,6 +217,10 @@ bool frmApunte::recibirEfectos(const QList<EfectoSeleccionado>& efectos) {
     if (mostrando_ || (documento_.cartera != u"C" && documento_.cartera != u"P")) return false;
     gestion_.Poner(efectos);
     mostrarGestion();
+    // Back from the dialog to the list, on its first item, to be marked from the keyboard.
+    ventana()->activateWindow();
+    if (listaGestion_->filas() > 0) listaGestion_->setCurrentItem(listaGestion_->topLevelItem(0));
+    listaGestion_->setFocus();
     return true;
 }
 
