@@ -15,6 +15,11 @@
 // asked for. Amounts are whole cents and every entry balances; the same seed always gives the
 // same year. Only the posting is timed.
 //
+// Entries are saved by the entry form's own saving code, five hundred to a transaction. An
+// invoice's due dates are those its third party's payment method (and payment day) proposes,
+// stored with the invoice; a collection or payment closes its due date as the portfolio tab
+// does, a "GC" line on the third party's account and the item closed with the entry.
+//
 // The new company copies its chart and statement layouts from the template store named by
 // Sistema.udl; a folder without one gets it built from the repository's sources, as the build
 // does for the program's own folder.
@@ -22,8 +27,6 @@
 #include "data/almacen/programa.h"
 #include "data/auxiliar.h"
 #include "data/entidades/acrdeu.h"
-#include "data/entidades/apuntes.h"
-#include "data/entidades/cartera.h"
 #include "data/entidades/cuentas.h"
 #include "data/entidades/delegaciones.h"
 #include "data/entidades/diarios.h"
@@ -39,7 +42,9 @@
 #include "data/formato.h"
 #include "data/global.h"
 #include "fuentes.h"
+#include "posting/carteraapunte.h"
 #include "posting/catalogo.h"
+#include "posting/grabacion.h"
 #include "posting/lineas.h"
 #include "posting/rejillaiva.h"
 
@@ -53,6 +58,7 @@
 #include <QSet>
 #include <cmath>
 #include <cstdio>
+#include <functional>
 #include <optional>
 #include <queue>
 #include <vector>
@@ -220,7 +226,7 @@ const DatosIva kTiposIva[] = {
 };
 enum { V21, V10, V4, C21, C10, C4 };
 
-struct FormaPago {
+struct DatosFormaPago {
     const char* codigo;
     const char* descripcion;
     int plazos;
@@ -228,7 +234,7 @@ struct FormaPago {
     int centesimas[3];  // share of each due date, hundredths of a per cent
 };
 
-const FormaPago kFormasPago[] = {
+const DatosFormaPago kFormasPago[] = {
     {"CON", "Contado", 1, {0, 0, 0}, {10000, 0, 0}},
     {"30", "A 30 días", 1, {30, 0, 0}, {10000, 0, 0}},
     {"30-60", "A 30 y 60 días", 2, {30, 60, 0}, {5000, 5000, 0}},
@@ -403,6 +409,7 @@ struct Tercero {
     QString tipo;  // CLI, PRO, ACR
     int iva = V21;
     int formaPago = k30;
+    std::optional<int> primerDia;  // the day of the month its due dates move to
     QString contrapartida;
     QString irpf;                // its invoices' withholding, if any
     int minimo = 0, maximo = 0;  // invoice base, euros
@@ -570,8 +577,9 @@ struct Vencimiento {
     qint64 orden;  // ties broken by the order of creation
     bool cobro;
     int delegacion;
-    QString numero;   // of the invoice's entry
-    QString factura;  // the invoice's number as the concept names it
+    QString numero;    // of the invoice's entry
+    QString factura;   // the invoice's number as the concept names it
+    QString concepto;  // the due date's own, as stored
     int tercero;
     QDate vto;
     qint64 importe;
@@ -639,6 +647,19 @@ private:
     QHash<QString, std::optional<FormaPago>> formas_;
 };
 
+// A date as the entry form's fields hold it. The year's days are written once: every entry
+// names two.
+QString fechaPantalla(const QDate& d) {
+    static const std::vector<QString> dias = [] {
+        std::vector<QString> t;
+        for (QDate f(kEjercicio, 1, 1); f.year() == kEjercicio; f = f.addDays(1))
+            t.push_back(f.toString(QStringLiteral("dd/MM/yyyy")));
+        return t;
+    }();
+    return d.year() == kEjercicio ? dias[size_t(d.dayOfYear() - 1)]
+                                  : d.toString(QStringLiteral("dd/MM/yyyy"));
+}
+
 QString euros(qint64 centimos) {
     return formato::Format(double(centimos) / 100, QStringLiteral("0.00"));
 }
@@ -667,6 +688,7 @@ public:
     int cuentasNuevas() const { return cuentasNuevas_; }
     const QHash<int, qint64>& porDocumento() const { return porDocumento_; }
     qint64 pendientes() const { return qint64(cola_.size()) + fueraDelAnio_; }
+    qint64 vencimientosCreados() const { return vencimientos_; }
 
 private:
     struct Serie {
@@ -678,7 +700,7 @@ private:
     void asegurarCuenta(const QString& cuenta, const QString& titulo);
     void crearTerceros();
     Tercero nuevoTercero(const QString& tipo, int numero, const Actividad& actividad, bool persona,
-                         int formaPago);
+                         int formaPago, std::optional<int> primerDia = {});
 
     // Posting.
     QString numero(Documento d) {
@@ -693,7 +715,7 @@ private:
         a.fecha = a.fechaDocumento = fecha;
         return a;
     }
-    void grabar(const Asiento& a);
+    void grabar(const Asiento& a, const std::function<void(Conexion&)>& dependientes = {});
     void anotarLedger(const Asiento& a);
     int delegacionAlAzar();
 
@@ -706,7 +728,10 @@ private:
                 const QString& detalle);
     RejillaIva repartir(Asiento& a, const Tercero& tercero, const int* tipos, const qint64* bases,
                         int cuantos, qint64 total, const QString& concepto, const QString& partida);
-    void vencimientos(const Asiento& a, int tercero, qint64 total, const QString& factura);
+    CarteraAlta proponer(const Asiento& a, const Tercero& tercero, qint64 total);
+    void vencimientos(const Asiento& a, int tercero, const CarteraAlta& alta,
+                      const QString& factura);
+    CarteraGestion cerrar(Asiento& a, const Vencimiento& v);
     void programar(const Vencimiento& v, const QDate& hoy);
     void cobro(const Vencimiento& v, const QDate& dia);
     void pago(const Vencimiento& v, const QDate& dia);
@@ -748,6 +773,7 @@ private:
 
     std::priority_queue<Vencimiento, std::vector<Vencimiento>, MasTarde> cola_;
     qint64 ordenVencimientos_ = 0;
+    qint64 vencimientos_ = 0;  // due dates the invoices stored
     qint64 fueraDelAnio_ = 0;
 
     // Balances the firm acts on: VAT and bank accounts (by code), cash of each branch, payroll
@@ -773,11 +799,12 @@ void Generador::asegurarCuenta(const QString& cuenta, const QString& titulo) {
 }
 
 Tercero Generador::nuevoTercero(const QString& tipo, int numero, const Actividad& actividad,
-                                bool persona, int formaPago) {
+                                bool persona, int formaPago, std::optional<int> primerDia) {
     // One draw a statement, so that a seed gives the same third parties on any compiler.
     Tercero t;
     t.tipo = tipo;
     t.formaPago = formaPago;
+    t.primerDia = primerDia;
     const Ciudad& ciudad = azar_.uno(kCiudades);
     QString nif;
     QString correo;
@@ -841,8 +868,8 @@ Tercero Generador::nuevoTercero(const QString& tipo, int numero, const Actividad
                      kUsuario);
     asegurarCuenta(t.cuenta, t.nombre);
     acrdeu::Insert(c_, kEmpresa, t.cuenta, t.codigo, tipo, QStringLiteral("NAC"),
-                   u(kTiposIva[t.iva].codigo), u(kFormasPago[t.formaPago].codigo), 0, 0, t.irpf,
-                   t.contrapartida, kUsuario);
+                   u(kTiposIva[t.iva].codigo), u(kFormasPago[t.formaPago].codigo),
+                   t.primerDia.value_or(0), 0, t.irpf, t.contrapartida, kUsuario);
     return t;
 }
 
@@ -851,6 +878,14 @@ void Generador::crearTerceros() {
         const int r = azar_.entero(0, 99);
         return r < contado ? kContado : r < a30 ? k30 : r < a3060 ? k3060 : k306090;
     };
+    // A third of those paid at 30 days settle on a fixed day of the month. Only they: with two
+    // or more due dates a payment day can bring two of them onto one date, which the proposal
+    // refuses and a bookkeeper would then type by hand.
+    auto diaDePago = [&](int formaPago) -> std::optional<int> {
+        static const int dias[] = {5, 10, 15, 20, 25};
+        if (formaPago != k30 || !azar_.siPorCiento(33)) return std::nullopt;
+        return azar_.uno(dias);
+    };
 
     primerCliente_ = int(terceros_.size());
     numClientes_ = 300;
@@ -858,7 +893,9 @@ void Generador::crearTerceros() {
         const Actividad& actividad = azar_.uno(kActividadesClientes);
         const bool persona = azar_.siPorCiento(20);
         const int formaPago = forma(15, 55, 85);
-        terceros_.push_back(nuevoTercero(QStringLiteral("CLI"), i, actividad, persona, formaPago));
+        const std::optional<int> dia = diaDePago(formaPago);
+        terceros_.push_back(
+            nuevoTercero(QStringLiteral("CLI"), i, actividad, persona, formaPago, dia));
     }
 
     primerProveedor_ = int(terceros_.size());
@@ -866,7 +903,9 @@ void Generador::crearTerceros() {
     for (int i = 1; i <= numProveedores_; ++i) {
         const Actividad& actividad = azar_.uno(kActividadesProveedores);
         const int formaPago = forma(0, 25, 65);
-        terceros_.push_back(nuevoTercero(QStringLiteral("PRO"), i, actividad, false, formaPago));
+        const std::optional<int> dia = diaDePago(formaPago);
+        terceros_.push_back(
+            nuevoTercero(QStringLiteral("PRO"), i, actividad, false, formaPago, dia));
     }
 
     // The landlords of the branches first; utilities are charged to the bank when invoiced.
@@ -881,6 +920,10 @@ void Generador::crearTerceros() {
         const int formaPago = domiciliado ? kContado : forma(20, 85, 100);
         terceros_.push_back(nuevoTercero(QStringLiteral("ACR"), i, actividad, false, formaPago));
     }
+    // The entity class writes a day as a number; a third party without one has none at all,
+    // as a day 0 would move every due date a month on.
+    c_.execute(QStringLiteral(
+        "UPDATE Acrdeu SET primer_dia = NULL WHERE codigo_empresa = 'B' AND primer_dia = 0"));
 }
 
 void Generador::maestros() {
@@ -936,11 +979,12 @@ void Generador::maestros() {
                           u(i.descripcion), u(i.tipo), kUsuario);
     for (const DatosIrpf& r : kRetencionesIrpf)
         irpf::Insert(c_, kEmpresa, u(r.codigo), kRetenciones, r.pct, u(r.descripcion), kUsuario);
-    for (const FormaPago& f : kFormasPago) {
-        auto dias = [&](int i) { return QString::number(i < f.plazos ? f.dias[i] : 0); };
+    // An unused slot has no days, so that the proposal skips it.
+    for (const DatosFormaPago& f : kFormasPago) {
+        auto dias = [&](int i) { return i < f.plazos ? QString::number(f.dias[i]) : QString(); };
         auto pct = [&](int i) { return i < f.plazos ? f.centesimas[i] / 100.0 : 0.0; };
         FormasPago::Insert(c_, kEmpresa, u(f.codigo), u(f.descripcion), dias(0), pct(0), dias(1),
-                           pct(1), dias(2), pct(2), QStringLiteral("0"), 0, kUsuario);
+                           pct(1), dias(2), pct(2), QString(), 0, kUsuario);
     }
 
     crearTerceros();
@@ -950,7 +994,7 @@ void Generador::maestros() {
 // ---------------------------------------------------------------------------------------------
 // Posting
 
-void Generador::grabar(const Asiento& a) {
+void Generador::grabar(const Asiento& a, const std::function<void(Conexion&)>& dependientes) {
     qint64 debe = 0, haber = 0;
     for (const Linea& l : a.lineas) {
         debe += l.debe;
@@ -968,17 +1012,25 @@ void Generador::grabar(const Asiento& a) {
     if (!lote_) lote_.emplace(c_);
     ++enLote_;
 
-    const QString delegacion = u(kDelegaciones[a.delegacion].codigo);
-    const QString documento = u(kDocumentos[a.documento].codigo);
-    const QVariant fecha(a.fecha), fechaDocumento(a.fechaDocumento);
-    int n = 0;
+    // Saved as the entry form saves: the lines and what hangs from them in one transaction of
+    // their own, here a savepoint inside the batch's. SQLite copies the pages a savepoint
+    // changes to a temporary file, so that it could undo them; the form, one entry a
+    // transaction, does not pay for that, the year does (see bench/README.md).
+    LineasAsiento lineas;
     for (const Linea& l : a.lineas) {
-        Apuntes::Insert(c_, kEmpresa, delegacion, documento, a.numero, ++n, a.diario, fecha,
-                        fechaDocumento, a.referencia, l.cuenta, l.concepto, l.debe / 100.0,
-                        l.haber / 100.0, l.tipo, QString(), kUsuario);
+        lineas.AnadirLinea(0, {}, l.cuenta, l.debe / 100.0, l.haber / 100.0, l.concepto, l.tipo);
         if (l.cuenta.startsWith(QStringLiteral("47")) || bancos_.contains(l.cuenta))
             saldos_[l.cuenta] += l.debe - l.haber;
     }
+    sesion_delegacion = u(kDelegaciones[a.delegacion].codigo);
+    const int n =
+        GrabarAsiento(c_,
+                      {a.diario, u(kDocumentos[a.documento].codigo), a.numero,
+                       fechaPantalla(a.fecha), fechaPantalla(a.fechaDocumento), a.referencia},
+                      lineas, kUsuario, dependientes);
+    if (n != int(a.lineas.size()))
+        throw Error(1, QStringLiteral("Asiento con líneas que no se graban: ") +
+                           u(kDocumentos[a.documento].codigo) + u' ' + a.numero);
     lineas_ += n;
     ++asientos_;
     ++porDocumento_[a.documento];
@@ -1065,10 +1117,15 @@ void Generador::venta(const QDate& dia) {
         repartir(a, cliente, tipos, bases, cuantos, total, concepto, QStringLiteral("D"));
     for (int i = 0; i < cuantos; ++i)
         a.anadir(cuentasVenta[i], 0, bases[i], concepto, kContrapartida);
-    grabar(a);
-    rejilla.InsertarRegistros(c_, kEmpresa, u(kDelegaciones[a.delegacion].codigo),
-                              QStringLiteral("FAC"), a.numero, cliente.cuenta, kUsuario);
-    vencimientos(a, indice, total, a.numero);
+    const CarteraAlta alta = proponer(a, cliente, total);
+    grabar(a, [&](Conexion& c) {
+        const QString delegacion = u(kDelegaciones[a.delegacion].codigo);
+        rejilla.InsertarRegistros(c, kEmpresa, delegacion, QStringLiteral("FAC"), a.numero,
+                                  cliente.cuenta, kUsuario);
+        alta.InsertarCartera(c, kEmpresa, delegacion, QStringLiteral("FAC"), a.numero,
+                             catalogo_.tercero(cliente.cuenta), kUsuario);
+    });
+    vencimientos(a, indice, alta, a.numero);
 }
 
 void Generador::compra(const QDate& dia, int indice, int delegacion, qint64 baseFija,
@@ -1099,12 +1156,17 @@ void Generador::compra(const QDate& dia, int indice, int delegacion, qint64 base
         repartir(a, proveedor, tipos, bases, cuantos, total, concepto, QStringLiteral("H"));
     for (int i = 0; i < cuantos; ++i)
         a.anadir(proveedor.contrapartida, bases[i], 0, concepto, kContrapartida);
-    grabar(a);
-    rejilla.InsertarRegistros(c_, kEmpresa, u(kDelegaciones[a.delegacion].codigo),
-                              QStringLiteral("FRC"), a.numero, proveedor.cuenta, kUsuario);
+    const CarteraAlta alta = proponer(a, proveedor, total);
+    grabar(a, [&](Conexion& c) {
+        const QString sucursal = u(kDelegaciones[a.delegacion].codigo);
+        rejilla.InsertarRegistros(c, kEmpresa, sucursal, QStringLiteral("FRC"), a.numero,
+                                  proveedor.cuenta, kUsuario);
+        alta.InsertarCartera(c, kEmpresa, sucursal, QStringLiteral("FRC"), a.numero,
+                             catalogo_.tercero(proveedor.cuenta), kUsuario);
+    });
     retencionesTrimestre_[(dia.month() - 1) / 3 + 1] +=
         centimos(formato::leerNumero(rejilla.txt(48)).value_or(0));
-    vencimientos(a, indice, total, factura);
+    vencimientos(a, indice, alta, factura);
 }
 
 // An invoice split as the entry form splits it: the gross amount typed on the main line, the
@@ -1135,30 +1197,36 @@ RejillaIva Generador::repartir(Asiento& a, const Tercero& tercero, const int* ti
     return rejilla;
 }
 
-// The due dates of an invoice, hanging from its first line, and when each will be settled:
-// customers pay mostly on the day, some late; the firm pays on the day.
-void Generador::vencimientos(const Asiento& a, int indice, qint64 total, const QString& factura) {
+// The due dates the third party's payment method proposes for an invoice, as the entry form
+// proposes them once the amount is typed: each share rounded on its own, so that their sum may
+// miss the invoice by a cent, which stays on the third party's account.
+CarteraAlta Generador::proponer(const Asiento& a, const Tercero& tercero, qint64 total) {
+    const std::optional<TerceroCuenta> cuenta = catalogo_.tercero(tercero.cuenta);
+    const std::optional<FormaPago> forma =
+        cuenta ? catalogo_.formaPago(cuenta->formaPago) : std::nullopt;
+    if (!forma)
+        throw Error(1, QStringLiteral("El tercero %1 no tiene forma de pago.").arg(tercero.codigo));
+    CarteraAlta alta;
+    alta.Proponer(cuenta->formaPago, *forma, cuenta->primerDia, a.fechaDocumento,
+                  double(total) / 100, u(kDocumentos[a.documento].partida), a.numero);
+    return alta;
+}
+
+// When each due date the invoice stored will be settled: customers pay mostly on the day,
+// some late; the firm pays on the day.
+void Generador::vencimientos(const Asiento& a, int indice, const CarteraAlta& alta,
+                             const QString& factura) {
     const Tercero& tercero = terceros_[size_t(indice)];
-    const FormaPago& forma = kFormasPago[tercero.formaPago];
     const bool esCobro = a.documento == FAC;
-    const QString delegacion = u(kDelegaciones[a.delegacion].codigo);
-    const QString documento = u(kDocumentos[a.documento].codigo);
     const bool enCaja = esCobro && tercero.formaPago == kContado;
     const int banco = azar_.siPorCiento(esCobro ? 70 : 85) ? 0 : 1;
-    qint64 resto = total;
-    for (int i = 0; i < forma.plazos; ++i) {
-        const qint64 importe =
-            i + 1 == forma.plazos ? resto : porDiezMil(total, forma.centesimas[i]);
-        resto -= importe;
-        const QDate vto = a.fechaDocumento.addDays(forma.dias[i]);
-        QString concepto = QStringLiteral("Fra. ") + factura;
-        if (forma.plazos > 1)
-            concepto += QStringLiteral(" vto. %1/%2").arg(i + 1).arg(forma.plazos);
-        cartera::Insert(c_, kEmpresa, delegacion, documento, a.numero, 1, vto, tercero.tipo,
-                        tercero.codigo, concepto,
-                        esCobro ? QStringLiteral("C") : QStringLiteral("P"), QStringLiteral("P"),
-                        importe / 100.0, QString(), QString(), QString(), kUsuario);
-
+    const int plazos = int(alta.efectos().size());
+    vencimientos_ += plazos;
+    for (int i = 0; i < plazos; ++i) {
+        const VencimientoAlta& efecto = alta.efectos()[i];
+        const QDate vto = QDate::fromString(efecto.vencimiento, QStringLiteral("dd/MM/yyyy"));
+        // The plain text of a double with a decimal comma, as the proposal wrote it.
+        const qint64 importe = centimos(QString(efecto.importe).replace(u',', u'.').toDouble());
         QDate cuando = vto;
         if (enCaja) {
             cuando = a.fecha;
@@ -1173,8 +1241,8 @@ void Generador::vencimientos(const Asiento& a, int indice, qint64 total, const Q
             cuando = siguienteLaborable(vto);
         }
         cuando = std::max(cuando, a.fecha);
-        programar({cuando, ordenVencimientos_++, esCobro, a.delegacion, a.numero, factura, indice,
-                   vto, importe, i + 1, forma.plazos, enCaja, banco},
+        programar({cuando, ordenVencimientos_++, esCobro, a.delegacion, a.numero, factura,
+                   efecto.descripcion, indice, vto, importe, i + 1, plazos, enCaja, banco},
                   a.fecha);
     }
 }
@@ -1193,6 +1261,31 @@ QString plazoDe(const Vencimiento& v) {
     return v.plazos > 1 ? QStringLiteral(" vto. %1/%2").arg(v.plazo).arg(v.plazos) : QString();
 }
 
+// The due date a collection or payment closes, as the selection dialog would list it, marked
+// closed so that it gives the entry its "GC" line. It is made from what the invoice stored
+// rather than asked of the store: the selection bounded to one third party, its invoice and
+// its date reads, for every Acrdeu row, all of that party's items, closed ones too (SQLite
+// starts from Acrdeu and bounds the items by the party's code, not by the row it joins), and
+// made the posting of a 50,000-line year take 18.7 s instead of 3.5 s. Closing it still goes
+// through the store's check that it is pending.
+CarteraGestion Generador::cerrar(Asiento& a, const Vencimiento& v) {
+    const Tercero& tercero = terceros_[size_t(v.tercero)];
+    CarteraGestion gestion;
+    gestion.Poner({{.estado = QStringLiteral("P"),
+                    .codigoDocumento = v.cobro ? QStringLiteral("FAC") : QStringLiteral("FRC"),
+                    .numeroDocumento = v.numero,
+                    .fechaVto = v.vto.toString(QStringLiteral("yyyyMMdd")),
+                    .cuenta = tercero.cuenta,
+                    .importe = double(v.importe) / 100,
+                    .concepto = v.concepto}});
+    gestion.TodosCancelados();
+    LineasAsiento lineas;
+    gestion.GenerarLineasGestion(lineas, {}, u(kDocumentos[a.documento].partida));
+    for (const LineaApunte& l : lineas.lineas())
+        a.anadir(l.cuenta, centimos(l.debe), centimos(l.haber), l.concepto, l.tipo);
+    return gestion;
+}
+
 void Generador::cobro(const Vencimiento& v, const QDate& dia) {
     const Tercero& cliente = terceros_[size_t(v.tercero)];
     Asiento a = nuevo(COB, "TES", v.delegacion, dia);
@@ -1200,11 +1293,11 @@ void Generador::cobro(const Vencimiento& v, const QDate& dia) {
     const QString concepto =
         QStringLiteral("Cobro fra. ") + v.factura + plazoDe(v) + u' ' + cliente.nombre;
     a.anadir(v.caja ? kCaja : kBancos[v.banco], v.importe, 0, concepto, kPrincipal);
-    a.anadir(cliente.cuenta, 0, v.importe, concepto, kContrapartida);
-    grabar(a);
-    cartera::SetEstado(c_, kEmpresa, u(kDelegaciones[v.delegacion].codigo), QStringLiteral("FAC"),
-                       v.numero, 1, v.vto, QStringLiteral("C"), dia, QStringLiteral("COB"),
-                       a.numero, kUsuario);
+    const CarteraGestion gestion = cerrar(a, v);
+    grabar(a, [&](Conexion& c) {
+        gestion.CerrarEfectos(c, kEmpresa, u(kDelegaciones[v.delegacion].codigo),
+                              fechaPantalla(dia), QStringLiteral("COB"), a.numero, kUsuario);
+    });
     if (v.caja) caja_[v.delegacion] += v.importe;
 }
 
@@ -1218,14 +1311,14 @@ void Generador::pago(const Vencimiento& v, const QDate& dia) {
     const qint64 comision =
         proveedor.formaPago != kContado && azar_.siPorCiento(10) ? azar_.centimos(0.5, 6) : 0;
     a.anadir(kBancos[v.banco], 0, v.importe + comision, concepto, kPrincipal);
-    a.anadir(proveedor.cuenta, v.importe, 0, concepto, kContrapartida);
+    const CarteraGestion gestion = cerrar(a, v);
     if (comision)
         a.anadir(kServiciosBancarios, comision, 0,
                  QStringLiteral("Comisión transferencia ") + concepto, kContrapartida);
-    grabar(a);
-    cartera::SetEstado(c_, kEmpresa, u(kDelegaciones[v.delegacion].codigo), QStringLiteral("FRC"),
-                       v.numero, 1, v.vto, QStringLiteral("C"), dia, QStringLiteral("PAG"),
-                       a.numero, kUsuario);
+    grabar(a, [&](Conexion& c) {
+        gestion.CerrarEfectos(c, kEmpresa, u(kDelegaciones[v.delegacion].codigo),
+                              fechaPantalla(dia), QStringLiteral("PAG"), a.numero, kUsuario);
+    });
 }
 
 void Generador::comisionBancaria(const QDate& dia) {
@@ -1541,7 +1634,8 @@ int main(int argc, char* argv[]) {
             "pagos %lld, nóminas %lld, otros %lld)\n",
             g.asientos(), n.value(FAC), n.value(FRC), n.value(COB), n.value(PAG), n.value(NOM),
             n.value(AS));
-        std::printf("Vencimientos pendientes al cierre: %lld\n", g.pendientes());
+        std::printf("Vencimientos: %lld, pendientes al cierre %lld\n", g.vencimientosCreados(),
+                    g.pendientes());
         std::printf("Apuntes grabados: %lld en %s s (%lld líneas/s)\n", g.lineas(),
                     qPrintable(conComa(segundos, 1)),
                     qlonglong(std::llround(double(g.lineas()) / std::max(segundos, 1e-9))));

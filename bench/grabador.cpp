@@ -1,13 +1,22 @@
 // A workstation posting entries through the entry form's own saving code, for the tests and
-// the benchmarks of whole-or-nothing saves and of numbers handed out once.
+// the benchmarks of whole-or-nothing saves, of numbers handed out once and of due items closed
+// once.
 //
-//   grabador preparar CARPETA           the company B, its year, series, document, journal
-//                                       and accounts, in the main store of the folder
+//   grabador preparar CARPETA           the company B, its year, series, documents, journal
+//                                       and accounts, a payment method and customers, in the
+//                                       main store of the folder
 //   grabador grabar CARPETA CUANTOS [SEMILLA]
 //                                       posts so many entries, each with a new number of the
 //                                       series, printing each number once it is stored
+//   grabador facturar CARPETA CUANTAS [SEMILLA]
+//                                       posts so many sale invoices with their due items
+//   grabador cobrar CARPETA CUANTOS [SEMILLA]
+//                                       posts up to so many collections of pending items, then
+//                                       prints "cobros N efectos E rechazos R"
 //   grabador contar CARPETA             prints "asientos N parciales P": an entry is partial
-//                                       when it lacks lines or does not balance
+//                                       when it lacks lines or does not balance; and, when the
+//                                       store holds due items, a second line with their count
+//                                       (see grabador_cartera.cpp)
 //
 // Each entry notes its number of lines in its reference ("L=5"), so that a partial one shows.
 
@@ -21,6 +30,7 @@
 #include "data/entidades/ejercicios.h"
 #include "data/entidades/numeracion.h"
 #include "data/global.h"
+#include "grabador_cartera.h"
 #include "posting/grabacion.h"
 
 #include <QCoreApplication>
@@ -31,8 +41,8 @@
 
 namespace {
 
-const QString kEmpresa = QStringLiteral("B");
-const int kEjercicio = 2026;
+using grabador::kEjercicio;
+using grabador::kEmpresa;
 const QStringList kCuentas{"43000001", "57200001", "70000001", "47700001", "62900001", "40000001"};
 
 void preparar(Conexion& c) {
@@ -44,6 +54,7 @@ void preparar(Conexion& c) {
     Diarios::Insert(c, kEmpresa, "GEN", "General", "GRABADOR");
     for (const QString& cuenta : kCuentas)
         cuentas::Insert(c, kEmpresa, cuenta, "Cuenta " + cuenta, "S", 8, "GRABADOR");
+    grabador::prepararCartera(c);
 }
 
 // An entry of two to eight lines in cents, balanced, its last line the counterpart.
@@ -81,9 +92,10 @@ void grabar(Conexion& c, int cuantos, quint32 semilla) {
 void contar(Conexion& c) {
     Recordset rs = Auxiliar::GetListExt(
         c, "Apuntes",
-        "numero_documento, referencia, COUNT(*) AS lineas, SUM(debe) AS debe, "
+        "codigo_documento, numero_documento, referencia, COUNT(*) AS lineas, SUM(debe) AS debe, "
         "SUM(haber) AS haber",
-        "codigo_empresa = 'B'", "numero_documento, referencia", {}, "numero_documento");
+        "codigo_empresa = 'B'", "codigo_documento, numero_documento, referencia", {},
+        "codigo_documento, numero_documento");
     int asientos = 0, parciales = 0;
     for (; !rs.eof(); rs.moveNext()) {
         ++asientos;
@@ -93,6 +105,7 @@ void contar(Conexion& c) {
         if (!completo) ++parciales;
     }
     std::printf("asientos %d parciales %d\n", asientos, parciales);
+    grabador::contarCartera(c);
 }
 
 }  // namespace
@@ -101,7 +114,9 @@ int main(int argc, char* argv[]) {
     QCoreApplication app(argc, argv);
     const QStringList a = app.arguments();
     if (a.size() < 3) {
-        std::fprintf(stderr, "uso: grabador preparar|grabar|contar CARPETA [CUANTOS [SEMILLA]]\n");
+        std::fprintf(stderr,
+                     "uso: grabador preparar|grabar|facturar|cobrar|contar CARPETA "
+                     "[CUANTOS [SEMILLA]]\n");
         return 2;
     }
     programa::establecerCarpeta(a[2]);
@@ -110,11 +125,17 @@ int main(int argc, char* argv[]) {
         sesion_usuario = QStringLiteral("PUESTO%1").arg(QCoreApplication::applicationPid());
         sesion_empresa = sesion_delegacion = kEmpresa;
         sesion_ejercicio = kEjercicio;
+        const int cuantos = a.value(3).toInt();
+        const quint32 semilla =
+            a.size() > 4 ? a[4].toUInt() : quint32(QCoreApplication::applicationPid());
         if (a[1] == u"preparar")
             preparar(*sesion_conexion);
         else if (a[1] == u"grabar")
-            grabar(*sesion_conexion, a.value(3).toInt(),
-                   a.size() > 4 ? a[4].toUInt() : quint32(QCoreApplication::applicationPid()));
+            grabar(*sesion_conexion, cuantos, semilla);
+        else if (a[1] == u"facturar")
+            grabador::facturar(*sesion_conexion, cuantos, semilla);
+        else if (a[1] == u"cobrar")
+            grabador::cobrar(*sesion_conexion, cuantos, semilla);
         else if (a[1] == u"contar")
             contar(*sesion_conexion);
         else

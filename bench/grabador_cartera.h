@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+class Conexion;
+
+// The portfolio's part of the workstation program (grabador): invoices that open due items,
+// collections that close them, and the count of what the store holds afterwards.
+namespace grabador {
+
+inline const QString kEmpresa = QStringLiteral("B");
+inline constexpr int kEjercicio = 2026;
+
+// The documents, series, payment method and customers the two commands need.
+void prepararCartera(Conexion& c);
+// Posts so many sale invoices, each with the due items its customer's payment method
+// proposes, printing each number once it is stored.
+void facturar(Conexion& c, int cuantas, quint32 semilla);
+// Posts up to so many collections of pending items, printing each number once it is stored,
+// then "cobros N efectos E rechazos R".
+void cobrar(Conexion& c, int cuantos, quint32 semilla);
+// When the store holds due items: "vencimientos V cerrados C cerrados_mas_de_una_vez D
+// incoherentes I".
+void contarCartera(Conexion& c);
+
+}  // namespace grabador
