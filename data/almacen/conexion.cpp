@@ -81,6 +81,9 @@ void Conexion::abrirSqlite(const DescripcionAlmacen& d) {
     // The first read tells a file that is not a store at all.
     ejecutarDirecto(QStringLiteral("SELECT COUNT(*) FROM sqlite_master"));
     ejecutarDirecto(QStringLiteral("PRAGMA case_sensitive_like = ON"));
+    // An entry saved inside a larger transaction is a savepoint: its undo pages stay in memory
+    // instead of a temporary file written and read back for every entry.
+    ejecutarDirecto(QStringLiteral("PRAGMA temp_store = MEMORY"));
     if (d.soloLectura) return;
     ejecutarDirecto(QStringLiteral("PRAGMA journal_mode = WAL"));
     ejecutarDirecto(d.sincronoDesactivado ? QStringLiteral("PRAGMA synchronous = OFF")
