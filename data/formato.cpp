@@ -146,17 +146,21 @@ std::optional<double> leerImporte(const QString& texto) {
 
 namespace {
 
+// Products of cents and ten-thousandths of a percent overflow 64 bits; GCC's 128-bit integer
+// holds them exactly.
+__extension__ typedef __int128 Entero128;
+
 // A quotient of whole numbers rounded half away from zero.
-long long dividirRedondeando(__int128 dividendo, __int128 divisor) {
+long long dividirRedondeando(Entero128 dividendo, Entero128 divisor) {
     if (divisor < 0) dividendo = -dividendo, divisor = -divisor;
-    __int128 cociente = dividendo / divisor;
-    const __int128 resto = dividendo % divisor;
-    const __int128 doble = resto < 0 ? -2 * resto : 2 * resto;
+    Entero128 cociente = dividendo / divisor;
+    const Entero128 resto = dividendo % divisor;
+    const Entero128 doble = resto < 0 ? -2 * resto : 2 * resto;
     if (doble >= divisor) cociente += dividendo < 0 ? -1 : 1;
     return static_cast<long long>(cociente);
 }
 
-__int128 enUnidades(double valor, double escala) {
+Entero128 enUnidades(double valor, double escala) {
     if (!std::isfinite(valor) || std::fabs(valor * escala) >= 9e18)
         throw Error(6, QStringLiteral("Desbordamiento"));
     return std::llround(valor * escala);
@@ -175,7 +179,7 @@ QString Cuota(double base, double pct) {
 }
 
 QString BaseDeTotal(double total, double divisor) {
-    const __int128 unidades = enUnidades(divisor, 10000);
+    const Entero128 unidades = enUnidades(divisor, 10000);
     if (unidades <= 0) throw Error(11, QStringLiteral("División por cero"));
     return centimosComoTexto(dividirRedondeando(enUnidades(total, 100) * 1000000, unidades));
 }
