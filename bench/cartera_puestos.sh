@@ -17,17 +17,7 @@ compilacion=${1:-$raiz/build}
 puestos=${2:-4}
 facturas=${3:-250}
 grabador=$compilacion/bench/grabador
-[ -x "$grabador" ] || { echo "falta $grabador: compile primero" >&2; exit 2; }
-
-carpeta=$(mktemp -d)
-trap 'rm -rf "$carpeta"' EXIT
-mkdir -p "$carpeta/Dades"
-if [ -n "${SALDEVA_BENCH_PG:-}" ]; then
-  printf 'Provider=PostgreSQL;%s' "$SALDEVA_BENCH_PG" > "$carpeta/Saldeva.udl"
-else
-  printf 'Provider=SQLite;Data Source=Dades/Saldeva.db' > "$carpeta/Saldeva.udl"
-fi
-"$grabador" preparar "$carpeta"
+. "$raiz/bench/almacen_grabador.sh"
 
 fallidos=0
 esperar() {  # waits for the given processes, counting those that fail

@@ -13,17 +13,7 @@ raiz=$(cd "$(dirname "$0")/.." && pwd)
 compilacion=${1:-$raiz/build}
 total=${2:-1000}
 grabador=$compilacion/bench/grabador
-[ -x "$grabador" ] || { echo "falta $grabador: compile primero" >&2; exit 2; }
-
-carpeta=$(mktemp -d)
-trap 'rm -rf "$carpeta"' EXIT
-mkdir -p "$carpeta/Dades"
-if [ -n "${SALDEVA_BENCH_PG:-}" ]; then
-  printf 'Provider=PostgreSQL;%s' "$SALDEVA_BENCH_PG" > "$carpeta/Saldeva.udl"
-else
-  printf 'Provider=SQLite;Data Source=Dades/Saldeva.db' > "$carpeta/Saldeva.udl"
-fi
-"$grabador" preparar "$carpeta"
+. "$raiz/bench/almacen_grabador.sh"
 
 asientos=0
 muertes=0
