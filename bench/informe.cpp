@@ -1,13 +1,14 @@
 // Runs one report over an existing store without a window, through the same code as its form:
 // the criteria, the filling of the temporary table, the formulas, the query and the engine.
 //
-//   informe CARPETA extracto|diario [criterios] [salidas] [--tiempos]
+//   informe CARPETA extracto|diario|sumas|situacion|pyg [criterios] [salidas] [--tiempos]
 //
 // Criteria: --empresa E (default B), --delegacion D (the session's branch; default the
 // company's code), --ejercicio N (default 2026), --delegaciones "B,B2", --diarios "VEN,COM",
 // --desde dd/mm/aaaa, --hasta dd/mm/aaaa, --cuenta-desde C, --cuenta-hasta C (the "." rule
 // applies), --por-diario (statement), --tipo-documento T, --documento-desde N,
-// --documento-hasta N (journal).
+// --documento-hasta N (journal), --niveles 1,2,3,8 and --con-movimientos (trial balance;
+// without --niveles only the posting accounts' level, as the form opens).
 // Outputs: --csv F, --xlsx F, --pdf F, --png-primera F (the first page as a picture), any of
 // them. The CSV is the machine format, every column of the temporary table under its name, as
 // the checks of a book read it; the XLSX is the preview's, the report's exported columns under
@@ -18,12 +19,14 @@
 #include "data/arranque.h"
 #include "data/auxiliar.h"
 #include "data/global.h"
+#include "reports/balances.h"
 #include "reports/extracto.h"
 #include "reports/librodiario.h"
 #include "reports/motor/exportar.h"
 #include "reports/motor/fuente.h"
 #include "reports/motor/paginador.h"
 #include "reports/motor/pintor.h"
+#include "reports/sumassaldos.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -31,6 +34,8 @@
 #include <QImage>
 #include <QPainter>
 #include <cstdio>
+#include <functional>
+#include <memory>
 
 namespace {
 
@@ -39,17 +44,20 @@ struct Opciones {
     int ejercicio = 2026;
     CriteriosExtracto extracto;
     CriteriosLibroDiario diario;
+    CriteriosSumas sumas;
+    QString niveles;  // "1,2,3,8"
     QString csv, xlsx, pdf, png;
     bool tiempos = false;
 };
 
 void uso() {
     std::fputs(
-        "Uso: informe CARPETA extracto|diario [--empresa E] [--delegacion D] "
-        "[--ejercicio N]\n"
+        "Uso: informe CARPETA extracto|diario|sumas|situacion|pyg [--empresa E]\n"
+        "       [--delegacion D] [--ejercicio N]\n"
         "       [--delegaciones L] [--diarios L] [--desde F] [--hasta F]\n"
         "       [--cuenta-desde C] [--cuenta-hasta C] [--por-diario]\n"
         "       [--tipo-documento T] [--documento-desde N] [--documento-hasta N]\n"
+        "       [--niveles 1,2,3,8] [--con-movimientos]\n"
         "       [--csv F] [--xlsx F] [--pdf F] [--png-primera F] [--tiempos]\n",
         stderr);
 }
@@ -93,7 +101,10 @@ bool leer(int argc, char** argv, Opciones& o) {
     if (argc < 3) return false;
     o.carpeta = QString::fromLocal8Bit(argv[1]);
     o.informe = QString::fromLocal8Bit(argv[2]);
-    if (o.informe != u"extracto" && o.informe != u"diario") return false;
+    if (!QStringList{QStringLiteral("extracto"), QStringLiteral("diario"), QStringLiteral("sumas"),
+                     QStringLiteral("situacion"), QStringLiteral("pyg")}
+             .contains(o.informe))
+        return false;
     for (int i = 3; i < argc; ++i) {
         const QByteArray a = argv[i];
         if (a == "--tiempos") {
@@ -102,6 +113,10 @@ bool leer(int argc, char** argv, Opciones& o) {
         }
         if (a == "--por-diario") {
             o.extracto.porDiario = true;
+            continue;
+        }
+        if (a == "--con-movimientos") {
+            o.sumas.conMovimientos = true;
             continue;
         }
         if (i + 1 >= argc) return false;
@@ -128,6 +143,8 @@ bool leer(int argc, char** argv, Opciones& o) {
             o.diario.tipoDocumento = v;
         else if (a == "--documento-desde")
             o.diario.documentoDesde = v;
+        else if (a == "--niveles")
+            o.niveles = v;
         else if (a == "--documento-hasta")
             o.diario.documentoHasta = v;
         else if (a == "--csv")
@@ -169,34 +186,91 @@ void abrirSesion(const Opciones& o) {
                            .arg(o.empresa));
 }
 
+// What a run needs of its report: the file, the title, how to fill the table, and the
+// formulas and query, asked after the filling (the profit and loss account's formulas are
+// the results the filling computes).
+struct Ejecucion {
+    QString archivo, titulo;
+    std::function<qint64()> llenar;
+    std::function<QStringList()> formulas;
+    QString consulta;
+};
+
+Ejecucion preparar(Opciones& o) {
+    const CriteriosBalance balance{o.extracto.fechaDesde, o.extracto.fechaHasta};
+    if (o.informe == u"extracto")
+        return {QStringLiteral("Extracto.rpt"), QStringLiteral("Extractos"),
+                [&o] { return llenarExtractos(criterioExtracto(o.extracto)); },
+                [&o] { return formulasExtracto(o.extracto); },
+                consultaExtracto(o.extracto.porDiario)};
+    if (o.informe == u"diario")
+        return {QStringLiteral("LibroDiario.rpt"), QStringLiteral("Libro Diario"),
+                [&o] { return llenarLibroDiario(criterioLibroDiario(o.diario)); },
+                [&o] { return formulasLibroDiario(o.diario); }, consultaLibroDiario()};
+    if (o.informe == u"sumas") {
+        CriteriosSumas& c = o.sumas;
+        c.delegaciones = o.extracto.delegaciones;
+        c.diarios = o.extracto.diarios;
+        c.cuentaDesde = o.extracto.cuentaDesde;
+        c.cuentaHasta = o.extracto.cuentaHasta;
+        c.fechaDesde = o.extracto.fechaDesde;
+        c.fechaHasta = o.extracto.fechaHasta;
+        c.niveles = nivelesIniciales(sesion_digitos);
+        if (!o.niveles.isEmpty()) {
+            c.niveles = {};
+            for (const QString& n : o.niveles.split(u',')) {
+                const int nivel = n.trimmed().toInt();
+                if (nivel < 1 || nivel > sesion_digitos)
+                    throw Error(0, QStringLiteral("Nivel %1 fuera de 1 a %2.")
+                                       .arg(n.trimmed())
+                                       .arg(sesion_digitos));
+                c.niveles[size_t(nivel - 1)] = true;
+            }
+        }
+        return {QStringLiteral("SumasSaldos.rpt"), QStringLiteral("Balance de sumas y saldos"),
+                [&c] { return llenarSumasSaldos(c); }, [&c] { return formulasSumas(c); },
+                consultaSumas()};
+    }
+    if (o.informe == u"situacion")
+        return {QStringLiteral("BalanceSituacionAbreviado.rpt"),
+                QStringLiteral("Balance de situacion abreviado"),
+                [balance] { return llenarBalanceSituacion(balance); },
+                [balance] { return formulasSituacion(balance); }, consultaSituacion()};
+    auto resultados = std::make_shared<ResultadosPyG>();
+    return {QStringLiteral("BalancePyGAbreviado.rpt"),
+            QStringLiteral("Balance de pérdidas y ganancias abreviado"),
+            [balance, resultados] { return llenarBalancePyG(balance, *resultados); },
+            [balance, resultados] { return formulasPyG(balance, *resultados); }, consultaPyG()};
+}
+
 int ejecutar(Opciones& o) {
     abrirSesion(o);
-    const bool extracto = o.informe == u"extracto";
     o.extracto.cuentaDesde = ExpandirCuenta(o.extracto.cuentaDesde, sesion_digitos);
     o.extracto.cuentaHasta = ExpandirCuenta(o.extracto.cuentaHasta, sesion_digitos);
-    const QString nombre = extracto ? QStringLiteral("Reports/Extracto.rpt")
-                                    : QStringLiteral("Reports/LibroDiario.rpt");
+    const Ejecucion e = preparar(o);
+    const QString nombre = QStringLiteral("Reports/") + e.archivo;
     // A store folder made by the generator has no layouts of its own: the built program's.
     QString archivo = programa::ruta(nombre);
     if (!QFile::exists(archivo)) archivo = QStringLiteral(SALDEVA_PROGRAMA "/") + nombre;
-    const QString titulo = extracto ? QStringLiteral("Extractos") : QStringLiteral("Libro Diario");
-    const QStringList formulas =
-        extracto ? formulasExtracto(o.extracto) : formulasLibroDiario(o.diario);
-    const QString consulta =
-        extracto ? consultaExtracto(o.extracto.porDiario) : consultaLibroDiario();
+    const QString& titulo = e.titulo;
+    const QString& consulta = e.consulta;
     const motor::Diseno diseno = motor::leerDiseno(archivo);
-    const auto valores = motor::leerFormulas(formulas);
 
     qint64 lineas = 0;
     {
         Paso p(o, "tabla temporal");
-        lineas = extracto ? llenarExtractos(criterioExtracto(o.extracto))
-                          : llenarLibroDiario(criterioLibroDiario(o.diario));
+        lineas = e.llenar();
     }
-    if (lineas == 0) {
+    const QStringList formulas = e.formulas();
+    const auto valores = motor::leerFormulas(formulas);
+    // The journal and the statement refuse an empty selection; the statements print anyway.
+    if (lineas == 0 && (o.informe == u"extracto" || o.informe == u"diario" ||
+                        o.informe == u"situacion" || o.informe == u"pyg")) {
         std::fputs("No hay líneas con esos criterios.\n", stderr);
         return 1;
     }
+    if (o.informe == u"pyg")
+        for (const QString& f : formulas.mid(2)) std::printf("%s\n", qPrintable(f));
     std::printf("Líneas: %lld\n", lineas);
     {
         // What the preview does before it shows: open the query, lay out and paint page one.

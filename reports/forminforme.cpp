@@ -120,13 +120,29 @@ const CampoInforme* FormularioInforme::campo(int i) const {
     return nullptr;
 }
 
+namespace {
+bool esFecha(const CampoInforme& c) {
+    return c.clase == CampoInforme::Clase::Fecha || c.clase == CampoInforme::Clase::FechaEjercicio;
+}
+}  // namespace
+
 bool FormularioInforme::validar(int i) {
     const CampoInforme* c = campo(i);
-    if (!c || c->clase != CampoInforme::Clase::Fecha) return true;
+    if (!c || !esFecha(*c)) return true;
     const QString t = txt_[i]->text();
-    if (t.isEmpty() || formato::leerFecha(t)) return true;
-    MsgBox(MensajeError(1004), Icono::Critico);
-    return false;
+    if (t.isEmpty()) return true;
+    const auto fecha = formato::leerFecha(t);
+    if (!fecha) {
+        MsgBox(MensajeError(1004), Icono::Critico);
+        return false;
+    }
+    const QString f = fecha->toString(QStringLiteral("yyyyMMdd"));
+    if (c->clase == CampoInforme::Clase::FechaEjercicio &&
+        (f < sesion_fecha_inicial || f > sesion_fecha_final)) {
+        MsgBox(MensajeError(1027), Icono::Critico);
+        return false;
+    }
+    return true;
 }
 
 void FormularioInforme::salir(int i) {
@@ -151,7 +167,7 @@ void FormularioInforme::cancelar() {
 void FormularioInforme::imprimir() {
     // A toolbar button takes no focus, so a date typed and not left yet is checked here.
     for (const CampoInforme& c : campos_) {
-        if (c.clase == CampoInforme::Clase::Fecha && !validar(c.indice)) {
+        if (esFecha(c) && !validar(c.indice)) {
             txt_[c.indice]->setFocus();
             return;
         }

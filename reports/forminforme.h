@@ -18,10 +18,11 @@ class QToolBar;
 // One criterion field of a report form.
 struct CampoInforme {
     enum class Clase {
-        Texto,       // codes or lists of codes
-        Cuenta,      // an account: "43.1" is expanded on leaving
-        Fecha,       // a date: a text that is no date is refused with 1004
-        Delegacion,  // branches: for a non-central branch, the session's and disabled
+        Texto,           // codes or lists of codes
+        Cuenta,          // an account: "43.1" is expanded on leaving
+        Fecha,           // a date: a text that is no date is refused with 1004
+        FechaEjercicio,  // a date of the session's year: else 1004, or 1027 outside it
+        Delegacion,      // branches: for a non-central branch, the session's and disabled
     };
     // The first or the last of a pair of bounds: its name says which ("Fecha desde") and the
     // empty field shows "desde" or "hasta", for captions that do not tell them apart.
