@@ -9,7 +9,8 @@
 // applies), --por-diario (statement), --tipo-documento T, --documento-desde N,
 // --documento-hasta N (journal), --niveles 1,2,3,8 and --con-movimientos (trial balance;
 // without --niveles only the posting accounts' level, as the form opens).
-// Outputs: --csv F, --xlsx F, --pdf F, --png-primera F (the first page as a picture), any of
+// Outputs: --csv F, --xlsx F, --pdf F, --png-primera F (the first page as a picture), --texto F
+// (every page's printed lines as text, the texts of one height joined by " · "), any of
 // them. The CSV is the machine format, every column of the temporary table under its name, as
 // the checks of a book read it; the XLSX is the preview's, the report's exported columns under
 // their printed titles. --tiempos prints, for each step, its seconds and the peak memory of
@@ -32,6 +33,7 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QImage>
+#include <QMap>
 #include <QPainter>
 #include <cstdio>
 #include <functional>
@@ -46,7 +48,7 @@ struct Opciones {
     CriteriosLibroDiario diario;
     CriteriosSumas sumas;
     QString niveles;  // "1,2,3,8"
-    QString csv, xlsx, pdf, png;
+    QString csv, xlsx, pdf, png, texto;
     bool tiempos = false;
 };
 
@@ -58,7 +60,7 @@ void uso() {
         "       [--cuenta-desde C] [--cuenta-hasta C] [--por-diario]\n"
         "       [--tipo-documento T] [--documento-desde N] [--documento-hasta N]\n"
         "       [--niveles 1,2,3,8] [--con-movimientos]\n"
-        "       [--csv F] [--xlsx F] [--pdf F] [--png-primera F] [--tiempos]\n",
+        "       [--csv F] [--xlsx F] [--pdf F] [--png-primera F] [--texto F] [--tiempos]\n",
         stderr);
 }
 
@@ -155,6 +157,8 @@ bool leer(int argc, char** argv, Opciones& o) {
             o.pdf = v;
         else if (a == "--png-primera")
             o.png = v;
+        else if (a == "--texto")
+            o.texto = v;
         else
             return false;
     }
@@ -184,6 +188,24 @@ void abrirSesion(const Opciones& o) {
         throw Error(0, QStringLiteral("No existe el ejercicio %1 de la empresa %2.")
                            .arg(o.ejercicio)
                            .arg(o.empresa));
+}
+
+// The printed lines of every page, top to bottom, each the texts of one height joined by
+// " · ": the figures a reader checks, without a picture.
+void escribirTexto(const motor::Diseno& diseno, const QHash<QString, motor::Valor>& valores,
+                   const QString& consulta, const QString& ruta) {
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        throw Error(0, QStringLiteral("No se puede escribir %1.").arg(ruta));
+    motor::FuenteConsulta fuente(*sesion_temporal, consulta);
+    motor::Paginador paginador(diseno, valores, fuente);
+    motor::Pagina pagina;
+    while (paginador.siguiente(pagina)) {
+        QMap<int, QStringList> porAltura;
+        for (const motor::Trazo& t : pagina.textos) porAltura[qRound(t.caja.y() * 10)] << t.texto;
+        for (const QStringList& l : porAltura)
+            archivo.write(l.join(QStringLiteral(" · ")).toUtf8() + '\n');
+    }
 }
 
 // What a run needs of its report: the file, the title, how to fill the table, and the
@@ -286,6 +308,10 @@ int ejecutar(Opciones& o) {
         motor::Pintor(diseno).pintar(painter, pagina, 4);
         painter.end();
         if (!o.png.isEmpty()) imagen.save(o.png);
+    }
+    if (!o.texto.isEmpty()) {
+        Paso p(o, "texto completo");
+        escribirTexto(diseno, valores, consulta, o.texto);
     }
     if (!o.csv.isEmpty()) {
         Paso p(o, "CSV completo");
