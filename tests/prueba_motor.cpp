@@ -1,5 +1,6 @@
 // The report engine without a store: pagination, formulas, layout errors and the exports.
 #include "data/almacen/error.h"
+#include "reports/motor/evaluador.h"
 #include "reports/motor/exportar.h"
 #include "reports/motor/fuente.h"
 #include "reports/motor/paginador.h"
@@ -105,6 +106,19 @@ QString diaXlsx(int a, int m, int d) {
     return QString::number(QDate(1899, 12, 30).daysTo(QDate(a, m, d)));
 }
 
+// A value with its kind: a text in quotes, a number as a plain field shows it.
+QString escrito(const Valor& v) {
+    return v.esTexto ? u'\'' + v.texto + u'\'' : mostrar(v, Formato::Texto, false);
+}
+
+// The accounts of a small balance, in the order of no statement: masa A (assets) and P, the
+// last asset's balance the residue of a sum that comes to nothing.
+const QStringList kColumnasBalance{"masa", "cuenta", "saldo"};
+const QList<QVariantList> kFilasBalance{
+    {"P", "400", -300.0}, {"A", "572", 1000.0},          {"A", "430", 250.5},
+    {"P", "100", -950.5}, {"A", "300", 0.1 + 0.2 - 0.3},
+};
+
 }  // namespace
 
 class PruebaMotor : public QObject {
@@ -189,6 +203,113 @@ private slots:
         QVERIFY(arrastrado.isEmpty());
     }
 
+    // What a layout's conditions and labels are built from, on one row.
+    void expresiones_data() {
+        QTest::addColumn<QString>("expresion");
+        QTest::addColumn<QString>("valor");
+        QTest::newRow("numbers compared") << "saldo < 0"
+                                          << "1";
+        QTest::newRow("comparison binds less than +") << "saldo + 1234.5 = 0"
+                                                      << "1";
+        QTest::newRow("residue of a sum equals zero") << "0.1 + 0.2 - 0.3 = 0"
+                                                      << "1";
+        QTest::newRow("texts compared as texts") << "'10' < '9'"
+                                                 << "1";
+        QTest::newRow("a text column against a text") << "cuenta >= '4300'"
+                                                      << "1";
+        QTest::newRow("a text against a number reads 0") << "anio = 2026"
+                                                         << "0";
+        QTest::newRow("numero of a text") << "numero(anio) = 2026"
+                                          << "1";
+        QTest::newRow("numero of a Spanish amount") << "numero('1.210,50')"
+                                                    << "1210,5";
+        QTest::newRow("numero of no number") << "numero('abc') + numero(7)"
+                                             << "7";
+        QTest::newRow("si giving a text") << "si(saldo < 0, 'D', 'H')"
+                                          << "'D'";
+        QTest::newRow("si on an empty text") << "si(nulo, 'lleno', 'vacío')"
+                                             << "'vacío'";
+        QTest::newRow("Null column is the empty text") << "y(vacio(nulo), nulo = '')"
+                                                       << "1";
+        QTest::newRow("a number is never empty") << "vacio(0)"
+                                                 << "0";
+        QTest::newRow("empieza") << "empieza(cuenta, '430') * 10 + empieza(cuenta, '431')"
+                                 << "10";
+        QTest::newRow("derecha and izquierda") << "si(1, derecha(cuenta, 3), 0)"
+                                               << "'001'";
+        QTest::newRow("izquierda of a number") << "izquierda(saldo, 3)"
+                                               << "'-12'";
+        QTest::newRow("y and o, names in any case") << "O(vacio(cuenta), Y(1, cuenta, saldo))"
+                                                    << "1";
+        QTest::newRow("quote inside a text") << "'L''Hospitalet'"
+                                             << "'L'Hospitalet'";
+        QTest::newRow("a text reads 0 in arithmetic") << "si(1, cuenta, 0) * 2 + 1"
+                                                      << "1";
+    }
+    void expresiones() {
+        QFETCH(QString, expresion);
+        QFETCH(QString, valor);
+        const Diseno d = leerDisenoTexto("banda detalle 4");
+        Evaluador e(d, {}, {"cuenta", "anio", "saldo", "nulo"});
+        e.avanzar({"43000001", "2026", -1234.5, QVariant()});
+        QCOMPARE(escrito(e.compilar(expresion).evaluar(e.valores())), valor);
+    }
+
+    // A statement's layout: the rows in its own order, each heading with the sum of the lines
+    // below it and the report's total above them all; the amount of a line as asked.
+    void estados_data() {
+        QTest::addColumn<QString>("detalle");
+        QTest::addColumn<QStringList>("lineas");
+        QTest::newRow("heading's sum before its lines, rows sorted")
+            << "campo 110 0 40 5 saldo importe"
+            << QStringList{"ACTIVO · 1.250,50", "MASA A · 1.250,50", "300 · 0,00",
+                           "430 · 250,50",      "572 · 1.000,00",    "MASA P · -1.250,50",
+                           "100 · -950,50",     "400 · -300,00"};
+        QTest::newRow("si= hides a line's amount and rule when it adds up to nothing")
+            << "campo 110 0 40 5 saldo importe si=con_saldo\nlinea 0 0 150 0 si=con_saldo"
+            << QStringList{"ACTIVO · 1.250,50", "MASA A · 1.250,50", "300",
+                           "— 430 · 250,50",    "— 572 · 1.000,00",  "MASA P · -1.250,50",
+                           "— 100 · -950,50",   "— 400 · -300,00"};
+        QTest::newRow("parentesis, still blank at zero")
+            << "campo 110 0 40 5 saldo importe parentesis blanco_si_cero"
+            << QStringList{"ACTIVO · 1.250,50", "MASA A · 1.250,50", "300",
+                           "430 · 250,50",      "572 · 1.000,00",    "MASA P · -1.250,50",
+                           "100 · (950,50)",    "400 · (300,00)"};
+    }
+    void estados() {
+        QFETCH(QString, detalle);
+        QFETCH(QStringList, lineas);
+        const Diseno d =
+            leerDisenoTexto(QStringLiteral("ordenar masa cuenta\n"
+                                           "grupo masa\n"
+                                           "calculo con_saldo = saldo <> 0\n"
+                                           "total suma_masa por masa = saldo\n"
+                                           "total activo informe = si(masa = 'A', saldo, 0)\n"
+                                           "banda cabecera_informe 5\n"
+                                           "  texto 0 0 50 5 \"ACTIVO\"\n"
+                                           "  campo 110 0 40 5 activo importe\n"
+                                           "banda cabecera_grupo 5\n"
+                                           "  texto 0 0 50 5 \"MASA {masa}\"\n"
+                                           "  campo 110 0 40 5 suma_masa importe\n"
+                                           "banda detalle 5\n"
+                                           "  campo 0 0 50 5 cuenta\n") +
+                            detalle);
+        FuenteMemoria fuente(kColumnasBalance, kFilasBalance);
+        Paginador paginador(d, {}, fuente);
+        Pagina pagina;
+        QVERIFY(paginador.siguiente(pagina));
+        // The texts of each height in the layout's order, after a dash for a rule there.
+        std::map<double, QStringList> porAltura;
+        for (const Raya& r : pagina.rayas) porAltura[r.linea.y1()] << QStringLiteral("—");
+        for (const Trazo& t : pagina.textos) porAltura[t.caja.y()] << t.texto;
+        QStringList impresas;
+        for (const auto& [y, textos] : porAltura)
+            impresas << (textos.first() == u"—" ? QStringLiteral("— ") + textos.mid(1).join(u" · ")
+                                                : textos.join(u" · "));
+        QCOMPARE(impresas, lineas);
+        QVERIFY(!paginador.siguiente(pagina));
+    }
+
     void formulas_data() {
         QTest::addColumn<QString>("formula");
         QTest::addColumn<QString>("nombre");
@@ -245,6 +366,27 @@ private slots:
             << "línea 2: la columna \"Debe\" ya se exporta en la línea 1.";
         QTest::newRow("exported column without title") << "exportar debe\nbanda detalle 4"
                                                        << "línea 1: faltan valores";
+        QTest::newRow("unknown function") << "banda detalle 4\ncampo 0 0 1 1 \"raiz(debe)\""
+                                          << "línea 2: Expresión \"raiz(debe)\": no existe la "
+                                             "función \"raiz\".";
+        QTest::newRow("si with two arguments") << "calculo c = si(debe, 1)\nbanda detalle 4"
+                                               << "línea 1: Expresión \"si(debe, 1)\": si lleva 3";
+        QTest::newRow("unknown name in a value")
+            << "banda detalle 4\ncalculo c = debe + sldo"
+            << "Diseño, línea 2: Expresión \"debe + sldo\": no existe \"sldo\".";
+        QTest::newRow("si= naming nothing") << "banda detalle 4\nlinea 0 0 1 1 si=hay"
+                                            << "línea 2: si=hay nombra un valor que no existe.";
+        QTest::newRow("parentesis without importe")
+            << "banda detalle 4\ncampo 0 0 1 1 debe parentesis"
+            << "línea 2: parentesis va con importe.";
+        QTest::newRow("total by no column")
+            << "total t por debe, cuenta = debe\nbanda detalle 4"
+            << "línea 1: El total \"t\" nombra \"cuenta\", que no es una columna";
+        QTest::newRow("total from a total, through a value")
+            << "total a informe = debe\ncalculo c = a * 2\ntotal b informe = c\nbanda detalle 4"
+            << "línea 3: el total \"b\" se suma de otro total";
+        QTest::newRow("ordenar by no column") << "banda detalle 4\nordenar debe fecha"
+                                              << "línea 2: El orden nombra \"fecha\"";
     }
     void errores() {
         QFETCH(QString, texto);
@@ -343,6 +485,24 @@ private slots:
                    {"43000001", diaXlsx(2026, 1, 31), "2", "0", "310.5", "0"},
                    {"70000001", diaXlsx(2026, 12, 31), "1", "Venta; ajuste", "5.25", "5.25",
                     "2.625"}};
+        QTest::newRow("sorted, with a total of each account before its lines")
+            << QStringLiteral(
+                   "ordenar concepto\n"
+                   "total debe_total por cuenta = debe\n"
+                   "exportar \"Cuenta\" cuenta\n"
+                   "exportar \"Concepto\" concepto\n"
+                   "exportar \"Saldo\" saldo importe\n"
+                   "exportar \"Debe total\" debe_total importe\n")
+            << QByteArray(
+                   "\xEF\xBB\xBF"
+                   "Cuenta;Concepto;Saldo;Debe total\r\n"
+                   "43000001;;-900,00;1210,50\r\n"
+                   "43000001;Factura 1;310,50;1210,50\r\n"
+                   "70000001;\"Venta; ajuste\";5,25;5,25\r\n")
+            << QList<QStringList>{{"Cuenta", "Concepto", "Saldo", "Debe total"},
+                                  {"43000001", "-900", "1210.5"},
+                                  {"43000001", "Factura 1", "310.5", "1210.5"},
+                                  {"70000001", "Venta; ajuste", "5.25", "5.25"}};
         QTest::newRow("no exported columns: the query's, under their names")
             << QString()
             << QByteArray(

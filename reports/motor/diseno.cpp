@@ -8,18 +8,58 @@
 //   acumulado NOMBRE grupo = EXPR      sum of EXPR over the rows, back to zero at each group
 //   acumulado NOMBRE informe = EXPR    sum over the whole report
 //   calculo NOMBRE = EXPR              a value of each row
+//   total NOMBRE por CAMPO[,CAMPO…] = EXPR   sum of EXPR over all the rows with this row's CAMPOs
+//   total NOMBRE informe = EXPR        sum of EXPR over all the rows of the report
+//   ordenar CAMPO [CAMPO…]             the rows sorted by these columns before anything else
 //   grupo CAMPO [CAMPO…]               the fields whose change starts a new group
 //   banda TIPO ALTO [solo_en_grupo]    the elements that follow belong to this band
 //   texto X Y ANCHO ALTO "Página {pagina}" [opciones]
 //   campo X Y ANCHO ALTO EXPR [opciones]     EXPR in quotes when it holds blanks
-//   linea X1 Y1 X2 Y2 [grosor=0.3]
+//   linea X1 Y1 X2 Y2 [grosor=0.3] [si=NOMBRE]
 //   exportar "Título" EXPR [fecha|importe|entero]
 //
 // Options: negrita, cursiva, letra=N, izquierda, derecha, centro, fecha (yyyymmdd shown as
-// dd/mm/yyyy), importe (1.234,56), entero, blanco_si_cero, solo_en_grupo (in a carried-total
-// band, only when the page breaks inside a group). Band types: cabecera_informe,
-// cabecera_pagina, cabecera_columnas, arrastre_cabecera, cabecera_grupo, detalle, pie_grupo,
-// arrastre_pie, pie_informe, pie_pagina.
+// dd/mm/yyyy), importe (1.234,56), entero, blanco_si_cero, parentesis (with importe, a
+// negative amount as (1.234,56) instead of -1.234,56; blanco_si_cero still leaves a zero
+// blank), solo_en_grupo (in a carried-total band, only when the page breaks inside a group),
+// si=NOMBRE (the element, a line too, is drawn only when the value NOMBRE holds, as told
+// below: a column, sum, value, total or formula; a condition of its own is a calculo, as in
+// "calculo con_saldo = saldo <> 0" and si=con_saldo; the exports are not affected). Band
+// types: cabecera_informe, cabecera_pagina, cabecera_columnas, arrastre_cabecera,
+// cabecera_grupo, detalle, pie_grupo, arrastre_pie, pie_informe, pie_pagina.
+//
+// Expressions (of campo, acumulado, calculo, total and exportar) are made of names (a column
+// of the query, a sum, a value, a total, a formula of the run, pagina), numbers with a point,
+// texts in single quotes ('Activo'; '' for a quote inside), + - * / and parentheses, the
+// comparisons = <> < > <= >= and functions. Arithmetic reads a text as 0; a division by zero
+// gives 0. A comparison binds less than + and - (a + b > c is (a + b) > c), only one stands in
+// each pair of parentheses, and it gives 1 or 0: two texts compare character by character,
+// anything else as numbers, two numbers closer than a millionth being equal. A column that is
+// Null holds the empty text. A condition holds when it is a number other than 0 (again, past a
+// millionth: the residue of a sum is no amount) or a text that is not empty. Functions, their
+// names in any case:
+//   si(c, a, b)            a when c holds, else b; a and b may be texts or numbers
+//   y(a, b, …), o(a, b, …) 1 when all of them (any of them) hold, else 0
+//   empieza(t, p)          1 when the text t begins with the text p, else 0
+//   vacio(x)               1 when x is the empty text (a Null column), else 0; never a number
+//   derecha(t, n)          the last n characters of t; izquierda(t, n) the first n
+//   numero(t)              the number the text t holds ('2026' is 2026, '1.210,50' 1210.5),
+//                          0 when it holds none; a number stays itself
+// Where a function wants a text and gets a number, it takes the number as a plain field shows
+// it ('12,5'). Blanks and # inside a text in single quotes are kept, in double quotes or not.
+//
+// A total is known on every row before the first one is laid out: the rows are all read and
+// walked once beforehand, their sums and values computed as they will be, so that a heading
+// shows the sum of the lines below it. Its EXPR may use columns, formulas, sums and values but
+// no total, not even through a value: on that first walk every total is 0. A keyed total
+// takes, on each row, the sum over the rows with the same values in its key columns wherever
+// they stand in the report; in a group's header it is that of the group's first row, in a
+// group's foot that of its last one, and before the first row (cabecera_informe) it is 0. A
+// total of the whole report is the same everywhere, cabecera_informe included.
+// ordenar sorts the rows, stable, before the totals, groups and sums see them: numbers by
+// value, texts character by character, a Null before any number and numbers before texts.
+// A layout with totals or ordenar holds its rows in memory, which suits statements of
+// hundreds of lines; one with neither (a book of millions) reads them as they come.
 //
 // The exportar lines, wherever they stand, are the columns of the CSV and XLSX exports of the
 // preview, in their order: the title heads the column and EXPR gives its value on each row,
@@ -28,9 +68,9 @@
 // number, and without an option a text as it is. They should be the columns the printed report
 // shows, titled as printed, with what its headers show once for many lines (the account, the
 // entry) repeated on each row. A layout without them exports every column of its query under
-// the column's name. Names are checked when the report starts: one that is neither a column,
-// a sum, a value nor a formula (the page number is none in a file) stops the run, naming the
-// file and the line.
+// the column's name, in the order of ordenar if it has one. Names are checked when the report
+// starts: one that is neither a column, a sum, a value, a total nor a formula (the page number
+// is none in a file) stops the run, naming the file and the line.
 #include "diseno.h"
 
 #include "data/almacen/error.h"
@@ -38,6 +78,7 @@
 
 #include <QFile>
 #include <QHash>
+#include <algorithm>
 
 namespace motor {
 
@@ -84,7 +125,12 @@ QStringList trocear(const QString& linea) {
                 token += linea[i++];
             }
         } else {
-            while (i < n && !linea[i].isSpace()) token += linea[i++];
+            // A text of an expression keeps its blanks and #: they end nothing inside it.
+            bool enTexto = false;
+            while (i < n && (enTexto || !linea[i].isSpace())) {
+                if (linea[i] == u'\'') enTexto = !enTexto;
+                token += linea[i++];
+            }
         }
         tokens << token;
     }
@@ -103,6 +149,15 @@ int estiloDe(Diseno& d, const Estilo& e) {
     if (i >= 0) return int(i);
     d.estilos << e;
     return int(d.estilos.size() - 1);
+}
+
+// A bare name of a value: letters, digits and "_".
+QString nombre(const QString& texto) {
+    const bool valido = !texto.isEmpty() && std::all_of(texto.cbegin(), texto.cend(), [](QChar c) {
+        return c.isLetterOrNumber() || c == u'_';
+    });
+    if (!valido) throw Error(0, QStringLiteral("\"%1\" no es un nombre").arg(texto));
+    return texto;
 }
 
 void opciones(Diseno& d, Elemento& el, const QStringList& t, qsizetype desde) {
@@ -131,11 +186,17 @@ void opciones(Diseno& d, Elemento& el, const QStringList& t, qsizetype desde) {
             el.formato = Formato::Entero;
         else if (o == u"blanco_si_cero")
             el.blancoSiCero = true;
+        else if (o == u"parentesis")
+            el.parentesis = true;
         else if (o == u"solo_en_grupo")
             el.soloEnGrupo = true;
+        else if (o.startsWith(u"si="))
+            el.si = nombre(o.mid(3));
         else
             throw Error(0, QStringLiteral("opción desconocida \"%1\"").arg(o));
     }
+    if (el.parentesis && el.formato != Formato::Importe)
+        throw Error(0, QStringLiteral("parentesis va con importe"));
     el.estilo = estiloDe(d, estilo);
 }
 
@@ -180,13 +241,30 @@ void leerLinea(Diseno& d, Banda*& banda, const QStringList& t, int numero) {
             throw Error(0, QStringLiteral("se espera \"acumulado NOMBRE grupo|informe = EXPR\""));
         const QString expr = t.mid(4).join(u' ');
         comprobarExpresion(expr);
-        d.acumulados << Acumulado{t[1], expr, t[2] == u"grupo"};
+        d.acumulados << Acumulado{t[1], expr, t[2] == u"grupo", numero};
     } else if (clave == u"calculo") {
         exigir(t, 4);
         if (t[2] != u"=") throw Error(0, QStringLiteral("se espera \"calculo NOMBRE = EXPR\""));
         const QString expr = t.mid(3).join(u' ');
         comprobarExpresion(expr);
-        d.calculos << Calculo{t[1], expr};
+        d.calculos << Calculo{t[1], expr, numero};
+    } else if (clave == u"total") {
+        exigir(t, 5);
+        const qsizetype igual = t.indexOf(QStringLiteral("="), 2);
+        const bool informe = t[2] == u"informe" && igual == 3;
+        if (igual < 0 || igual + 1 >= t.size() || (!informe && (t[2] != u"por" || igual < 4)))
+            throw Error(0, QStringLiteral("se espera \"total NOMBRE por CAMPO[,CAMPO…] = EXPR\" "
+                                          "o \"total NOMBRE informe = EXPR\""));
+        Total total{nombre(t[1]), t.mid(igual + 1).join(u' '), {}, numero};
+        // "por cuenta,nivel" and "por cuenta, nivel" alike.
+        for (const QString& c : t.mid(3, igual - 3).join(u',').split(u',', Qt::SkipEmptyParts))
+            total.clave << c;
+        comprobarExpresion(total.sumando);
+        d.totales << total;
+    } else if (clave == u"ordenar") {
+        exigir(t, 2);
+        d.orden = t.mid(1);
+        d.lineaOrden = numero;
     } else if (clave == u"grupo") {
         exigir(t, 2);
         d.grupo = t.mid(1);
@@ -227,6 +305,7 @@ void leerLinea(Diseno& d, Banda*& banda, const QStringList& t, int numero) {
     } else if (clave == u"texto" || clave == u"campo" || clave == u"linea") {
         if (!banda) throw Error(0, QStringLiteral("elemento fuera de una banda"));
         Elemento el;
+        el.linea = numero;
         if (clave == u"linea") {
             exigir(t, 5);
             el.clase = Elemento::Clase::Linea;

@@ -31,9 +31,12 @@ struct Elemento {
     Formato formato = Formato::Texto;
     Alineacion alineacion = Alineacion::Izquierda;
     bool blancoSiCero = false;
+    bool parentesis = false;   // Importe: a negative amount in parentheses
     bool soloEnGrupo = false;  // in a carried-total band: only when the break is inside a group
     int estilo = 0;            // index into Diseno::estilos
     double grosor = 0.2;       // Linea, mm
+    QString si;                // drawn only when this value holds; empty: always
+    int linea = 0;             // of the file, for its errors
 };
 
 enum class TipoBanda {
@@ -64,12 +67,24 @@ struct Acumulado {
     QString nombre;
     QString sumando;  // an expression
     bool porGrupo = false;
+    int linea = 0;
 };
 
 // A value of each row computed from its fields, the sums and other values before it.
 struct Calculo {
     QString nombre;
     QString expresion;
+    int linea = 0;
+};
+
+// A sum known before the first row: the expression summed over all the rows of the report
+// that share the current row's values of the key columns (over all of them, without a key),
+// so that a heading printed before its lines can show what they add up to.
+struct Total {
+    QString nombre;
+    QString sumando;
+    QStringList clave;  // columns; empty: the whole report
+    int linea = 0;
 };
 
 // A column of the CSV and XLSX exports: the title it goes under, the value it takes from each
@@ -91,7 +106,10 @@ struct Diseno {
     QList<Estilo> estilos{Estilo{}};
     QList<Acumulado> acumulados;
     QList<Calculo> calculos;
+    QList<Total> totales;
     QStringList grupo;  // the fields whose change starts a new group; empty: no groups
+    QStringList orden;  // the columns the rows are sorted by; empty: the query's order
+    int lineaOrden = 0;
     std::array<Banda, kTiposBanda> bandas;
     QList<ColumnaExportada> exportadas;  // empty: the exports take the query's columns
     QString origen;                      // the file it was read from, for its errors
@@ -99,6 +117,9 @@ struct Diseno {
     const Banda& banda(TipoBanda t) const { return bandas[size_t(t)]; }
     Banda& banda(TipoBanda t) { return bandas[size_t(t)]; }
     double anchoUtil() const { return papel.width() - margenes[1] - margenes[3]; }
+    // Totals and a sort need every row before the first is laid out; any other layout reads
+    // its rows as they come, however many.
+    bool retieneFilas() const { return !totales.isEmpty() || !orden.isEmpty(); }
     // "Reports/Extracto.rpt, línea 12": where a mistake of the layout is.
     QString lugar(int linea) const;
 };

@@ -58,16 +58,18 @@ public:
 };
 
 // The rows of the query as they are, under the names of its columns: the kind of each value
-// is the type the store gave it, and columns named fecha… hold dates as "yyyymmdd".
+// is the type the store gave it, and columns named fecha… hold dates as "yyyymmdd". The rows
+// may come sorted beforehand, and are then its own.
 class TablaConsulta : public Tabla {
 public:
-    explicit TablaConsulta(FuenteFilas& fuente, bool conTotal) : fuente_(fuente) {
-        titulos = fuente.columnas();
+    TablaConsulta(FuenteFilas& fuente, bool conTotal, std::unique_ptr<FuenteFilas> propias = {})
+        : propias_(std::move(propias)), fuente_(propias_ ? *propias_ : fuente) {
+        titulos = fuente_.columnas();
         for (const QString& c : titulos) {
             fechas_ << c.startsWith(u"fecha", Qt::CaseInsensitive);
             anchas << columnaAncha(c);
         }
-        if (conTotal) total = fuente.total();
+        if (conTotal) total = fuente_.total();
     }
     bool siguiente(std::vector<Celda>& fila) override {
         if (!fuente_.leer(valores_)) return false;
@@ -96,26 +98,29 @@ public:
     }
 
 private:
+    std::unique_ptr<FuenteFilas> propias_;
     FuenteFilas& fuente_;
     QList<bool> fechas_;
     std::vector<QVariant> valores_;
 };
 
 // The columns the layout exports, under their titles, each row computed as the printed
-// line is (running sums and values included).
+// line is (running sums, values and totals included, in the printed order).
 class TablaInforme : public Tabla {
 public:
     TablaInforme(const Diseno& diseno, const QHash<QString, Valor>& formulas, FuenteFilas& fuente,
                  bool conTotal)
-        : d_(diseno), fuente_(fuente), valores_(diseno, formulas, fuente.columnas()) {
+        : d_(diseno), valores_(diseno, formulas, fuente.columnas()), fuente_(&fuente) {
         for (const ColumnaExportada& c : d_.exportadas) {
             titulos << c.titulo;
             anchas << columnaAncha(c.expresion);
         }
-        if (conTotal) total = fuente.total();
+        retenidas_ = valores_.preparar(fuente);
+        if (retenidas_) fuente_ = retenidas_.get();
+        if (conTotal) total = fuente_->total();
     }
     bool siguiente(std::vector<Celda>& fila) override {
-        if (!fuente_.leer(leida_)) return false;
+        if (!fuente_->leer(leida_)) return false;
         valores_.avanzar(leida_);
         const std::vector<Expresion>& columnas = valores_.exportadas();
         fila.resize(columnas.size());
@@ -153,15 +158,21 @@ private:
     }
 
     const Diseno& d_;
-    FuenteFilas& fuente_;
     Evaluador valores_;
+    std::unique_ptr<FuenteFilas> retenidas_;
+    FuenteFilas* fuente_;
     std::vector<QVariant> leida_;
 };
 
 std::unique_ptr<Tabla> tablaDe(const Diseno& diseno, const QHash<QString, Valor>& formulas,
                                FuenteFilas& fuente, bool conTotal) {
-    if (diseno.exportadas.isEmpty()) return std::make_unique<TablaConsulta>(fuente, conTotal);
-    return std::make_unique<TablaInforme>(diseno, formulas, fuente, conTotal);
+    if (!diseno.exportadas.isEmpty())
+        return std::make_unique<TablaInforme>(diseno, formulas, fuente, conTotal);
+    // The query's columns, in the order the layout prints its rows.
+    std::unique_ptr<FuenteFilas> ordenadas;
+    if (!diseno.orden.isEmpty())
+        ordenadas = Evaluador(diseno, formulas, fuente.columnas()).preparar(fuente);
+    return std::make_unique<TablaConsulta>(fuente, conTotal, std::move(ordenadas));
 }
 
 QString campoCsv(const Celda& c) {

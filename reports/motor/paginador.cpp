@@ -25,46 +25,62 @@ QHash<QString, Valor> leerFormulas(const QStringList& formulas) {
 
 Paginador::Paginador(const Diseno& diseno, const QHash<QString, Valor>& formulas,
                      FuenteFilas& fuente)
-    : d_(diseno), fuente_(fuente), valores_(diseno, formulas, fuente.columnas()) {
+    : d_(diseno), valores_(diseno, formulas, fuente.columnas()), fuente_(&fuente) {
     enlazar();
+    // The names first: a mistake of the layout shows before the whole query is read.
+    retenidas_ = valores_.preparar(fuente);
+    if (retenidas_) fuente_ = retenidas_.get();
 }
 
 // Binds every element of the bands, and fails on the first name that has no value, before a
 // single page is laid out.
 void Paginador::enlazar() {
-    for (int t = 0; t < kTiposBanda; ++t) {
+    for (int t = 0; t < kTiposBanda; ++t)
         for (const Elemento& el : d_.bandas[size_t(t)].elementos) {
-            Enlace e{&el, {}, {}};
-            if (el.clase == Elemento::Clase::Campo) {
-                e.expresion = valores_.compilar(el.texto);
-            } else if (el.clase == Elemento::Clase::Texto) {
-                qsizetype i = 0;
-                while (i < el.texto.size()) {
-                    const qsizetype abre = el.texto.indexOf(u'{', i);
-                    const qsizetype cierra = abre < 0 ? -1 : el.texto.indexOf(u'}', abre);
-                    if (cierra < 0) {
-                        e.partes << Parte{el.texto.mid(i), -1};
-                        break;
-                    }
-                    if (abre > i) e.partes << Parte{el.texto.mid(i, abre - i), -1};
-                    const QString nombre = el.texto.mid(abre + 1, cierra - abre - 1).trimmed();
-                    const int slot = valores_.slot(nombre);
-                    if (slot < 0)
-                        throw Error(0, QStringLiteral("El informe usa \"{%1}\", que no tiene "
-                                                      "valor en esta ejecución.")
-                                           .arg(nombre));
-                    e.partes << Parte{{}, slot};
-                    i = cierra + 1;
-                }
+            try {
+                bandas_[size_t(t)].push_back(enlace(el));
+            } catch (const Error& e) {
+                throw Error(
+                    0, QStringLiteral("%1: %2").arg(d_.lugar(el.linea), frase(e.descripcion())));
             }
-            bandas_[size_t(t)].push_back(std::move(e));
+        }
+}
+
+Paginador::Enlace Paginador::enlace(const Elemento& el) const {
+    Enlace e{&el, {}, {}};
+    if (!el.si.isEmpty()) {
+        e.condicion = valores_.slot(el.si);
+        if (e.condicion < 0)
+            throw Error(0, QStringLiteral("si=%1 nombra un valor que no existe").arg(el.si));
+    }
+    if (el.clase == Elemento::Clase::Campo) {
+        e.expresion = valores_.compilar(el.texto);
+    } else if (el.clase == Elemento::Clase::Texto) {
+        qsizetype i = 0;
+        while (i < el.texto.size()) {
+            const qsizetype abre = el.texto.indexOf(u'{', i);
+            const qsizetype cierra = abre < 0 ? -1 : el.texto.indexOf(u'}', abre);
+            if (cierra < 0) {
+                e.partes << Parte{el.texto.mid(i), -1};
+                break;
+            }
+            if (abre > i) e.partes << Parte{el.texto.mid(i, abre - i), -1};
+            const QString nombre = el.texto.mid(abre + 1, cierra - abre - 1).trimmed();
+            const int slot = valores_.slot(nombre);
+            if (slot < 0)
+                throw Error(0, QStringLiteral("El informe usa \"{%1}\", que no tiene "
+                                              "valor en esta ejecución.")
+                                   .arg(nombre));
+            e.partes << Parte{{}, slot};
+            i = cierra + 1;
         }
     }
+    return e;
 }
 
 bool Paginador::siguiente(Pagina& pagina) {
     while (listas_.empty() && !terminado_) {
-        if (fuente_.leer(fila_)) {
+        if (fuente_->leer(fila_)) {
             ++filas_;
             procesarFila();
         } else {
@@ -169,12 +185,14 @@ void Paginador::colocar(TipoBanda tipo) {
 QString Paginador::texto(const Enlace& e) const {
     const Elemento& el = *e.elemento;
     if (el.clase == Elemento::Clase::Campo)
-        return mostrar(e.expresion.evaluar(valores_.valores()), el.formato, el.blancoSiCero);
+        return mostrar(e.expresion.evaluar(valores_.valores()), el.formato, el.blancoSiCero,
+                       el.parentesis);
     if (e.partes.size() == 1 && e.partes[0].slot < 0) return e.partes[0].literal;
     QString t;
     for (const Parte& p : e.partes)
         t += p.slot < 0 ? p.literal
-                        : mostrar(valores_.valores()[size_t(p.slot)], el.formato, el.blancoSiCero);
+                        : mostrar(valores_.valores()[size_t(p.slot)], el.formato, el.blancoSiCero,
+                                  el.parentesis);
     return t;
 }
 
@@ -184,6 +202,7 @@ void Paginador::colocarEn(TipoBanda tipo, double y) {
     for (const Enlace& e : bandas_[size_t(tipo)]) {
         const Elemento& el = *e.elemento;
         if (el.soloEnGrupo && !corteEnGrupo_) continue;
+        if (e.condicion >= 0 && !verdadero(valores_.valores()[size_t(e.condicion)])) continue;
         if (el.clase == Elemento::Clase::Linea) {
             actual_.rayas.push_back(
                 Raya{QLineF(el.caja.topLeft(), el.caja.bottomRight()).translated(x, y),

@@ -8,6 +8,7 @@
 #include <QHash>
 #include <array>
 #include <deque>
+#include <memory>
 #include <vector>
 
 namespace motor {
@@ -19,14 +20,15 @@ class FuenteFilas;
 QHash<QString, Valor> leerFormulas(const QStringList& formulas);
 
 // Lays out a report page by page while it reads the rows, so that no more than a page and the
-// running sums are ever in memory. The rules of a page break:
+// running sums are ever in memory (a layout that sorts or totals its rows reads them all
+// first, Evaluador::preparar). The rules of a page break:
 //  - a group's header is never the last thing on a page: it goes with its first line;
 //  - a page that the report continues ends with the carried totals (arrastre_pie) and the
 //    next one starts with them again (arrastre_cabecera), both computed from the lines before
 //    the break; bands marked solo_en_grupo print only when the break falls inside a group;
 //  - the page footer sits at the foot of every page, with the page's number.
-// A name the layout uses (exported columns included) that is neither a column, a sum, a value
-// nor a formula is an Error when the run starts.
+// A name the layout uses (exported columns included) that is neither a column, a sum, a value,
+// a total nor a formula is an Error when the run starts, naming the file and the line.
 class Paginador {
 public:
     Paginador(const Diseno& diseno, const QHash<QString, Valor>& formulas, FuenteFilas& fuente);
@@ -45,9 +47,11 @@ private:
         const Elemento* elemento;
         Expresion expresion;  // Campo
         QList<Parte> partes;  // Texto
+        int condicion = -1;   // the slot of si=, or -1
     };
 
     void enlazar();
+    Enlace enlace(const Elemento& el) const;
     void procesarFila();
     void terminar();
     void asegurar(double alto, bool dentroDeGrupo);
@@ -61,8 +65,9 @@ private:
     QString texto(const Enlace& e) const;
 
     const Diseno& d_;
-    FuenteFilas& fuente_;
     Evaluador valores_;
+    std::unique_ptr<FuenteFilas> retenidas_;  // the rows read beforehand, if the layout asks
+    FuenteFilas* fuente_;
     std::array<std::vector<Enlace>, kTiposBanda> bandas_;
     std::vector<QVariant> fila_;
 

@@ -42,14 +42,17 @@ QString fechaVisible(const QString& f) {
     return f.mid(6, 2) + u'/' + f.mid(4, 2) + u'/' + f.left(4);
 }
 
-QString mostrar(const Valor& v, Formato formato, bool blancoSiCero) {
+QString mostrar(const Valor& v, Formato formato, bool blancoSiCero, bool parentesis) {
     switch (formato) {
         case Formato::Fecha:
             return fechaVisible(v.texto);
         case Formato::Importe: {
             if (v.esTexto) return v.texto;
             if (blancoSiCero && std::fabs(v.numero) < 0.005) return {};
-            return importe(v.numero);
+            QString t = importe(v.numero);
+            // The sign as written, so that an amount that rounds to zero shows no parentheses.
+            if (parentesis && t.startsWith(u'-')) t = u'(' + t.mid(1) + u')';
+            return t;
         }
         case Formato::Entero:
             if (v.esTexto) return v.texto;

@@ -20,7 +20,8 @@ QString importe(double valor);
 // "20260131" as "31/01/2026"; any other text as it stands.
 QString fechaVisible(const QString& yyyymmdd);
 
-// A value as an element of the layout shows it.
-QString mostrar(const Valor& v, Formato formato, bool blancoSiCero);
+// A value as an element of the layout shows it; with `parentesis`, a negative amount as
+// "(1.234,56)", as the financial statements show what subtracts.
+QString mostrar(const Valor& v, Formato formato, bool blancoSiCero, bool parentesis = false);
 
 }  // namespace motor
