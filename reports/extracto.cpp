@@ -2,7 +2,6 @@
 
 #include "criterios.h"
 #include "data/almacen/sql.h"
-#include "data/auxiliar.h"
 #include "data/global.h"
 #include "temporal.h"
 
@@ -13,13 +12,13 @@ Extracto criterioExtracto(const CriteriosExtracto& c) {
     if (!c.diarios.isEmpty())
         e.criterio += QStringLiteral("and codigo_diario in (") + criterios::lista(c.diarios) +
                       QStringLiteral(") ");
-    // The balance brought forward takes the same company, branches and journals, and no
-    // account bounds: each account adds its own condition.
-    e.criterioAnterior = e.criterio;
     if (!c.cuentaDesde.isEmpty())
         e.criterio += QStringLiteral("and cuenta >= ") + sqlTexto(c.cuentaDesde) + u' ';
     if (!c.cuentaHasta.isEmpty())
         e.criterio += QStringLiteral("and cuenta <= ") + sqlTexto(c.cuentaHasta) + u' ';
+    // The balance brought forward takes the same company, branches, journals and accounts,
+    // so that a statement of one account reads that account's earlier lines only.
+    e.criterioAnterior = e.criterio;
     const QString desde = criterios::fechaODefecto(c.fechaDesde, sesion_fecha_inicial);
     e.criterio += QStringLiteral("and fecha_apunte >= ") + sqlTexto(desde) + u' ';
     e.criterioAnterior += QStringLiteral("and fecha_apunte < ") + sqlTexto(desde) + u' ';
@@ -29,30 +28,21 @@ Extracto criterioExtracto(const CriteriosExtracto& c) {
 }
 
 qint64 llenarExtractos(const Extracto& e, const Avance& avance) {
-    // Each account's balance brought forward and title, looked up when its lines begin.
-    QString ultimaCuenta;
-    double saldoAnterior = 0;
-    QVariant titulo;
-    return llenarDesdeApuntes(
-        e.criterio,
-        QStringLiteral("cuenta, codigo_diario, fecha_apunte, numero_documento, numero_apunte, "
-                       "concepto, debe, haber"),
+    // Each line with its account's balance before the period, summed once per account, and
+    // its title. No order: the report's query sorts, and lines of one account and day keep
+    // the order they were posted in, which the store reads them in.
+    return llenarDesdePrincipal(
         esquema::Extractos,
-        [&](const Recordset& rs) -> QVariantList {
-            const QString cuenta = rs.value(0).toString();
-            if (cuenta != ultimaCuenta) {
-                ultimaCuenta = cuenta;
-                saldoAnterior =
-                    Auxiliar::vBuscarCampo(
-                        QStringLiteral("Apuntes"),
-                        QStringLiteral("SUM(debe-haber) AS saldo_anterior"),
-                        e.criterioAnterior + QStringLiteral(" AND cuenta = ") + sqlTexto(cuenta), 0)
-                        .toDouble();
-                titulo = criterios::titulo(cuenta);
-            }
-            return {cuenta,      rs.value(1), rs.value(2), rs.value(3),   rs.value(4),
-                    rs.value(5), rs.value(6), rs.value(7), saldoAnterior, titulo};
-        },
+        QStringLiteral("SELECT l.cuenta, l.codigo_diario, l.fecha_apunte, l.numero_documento, "
+                       "l.numero_apunte, l.concepto, l.debe, l.haber, "
+                       "COALESCE(a.saldo_anterior, 0), c.descripcion FROM (SELECT cuenta, "
+                       "codigo_diario, fecha_apunte, numero_documento, numero_apunte, concepto, "
+                       "debe, haber FROM Apuntes WHERE ") +
+            e.criterio +
+            QStringLiteral(") l LEFT JOIN (SELECT cuenta AS cuenta_anterior, SUM(debe-haber) AS "
+                           "saldo_anterior FROM Apuntes WHERE ") +
+            e.criterioAnterior +
+            QStringLiteral(" GROUP BY cuenta) a ON a.cuenta_anterior = l.cuenta") + conTitulos(),
         avance);
 }
 

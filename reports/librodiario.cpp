@@ -2,11 +2,8 @@
 
 #include "criterios.h"
 #include "data/almacen/sql.h"
-#include "data/auxiliar.h"
 #include "data/global.h"
 #include "temporal.h"
-
-#include <QHash>
 
 QString criterioLibroDiario(const CriteriosLibroDiario& c) {
     QString s = QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) + u' ';
@@ -29,22 +26,13 @@ QString criterioLibroDiario(const CriteriosLibroDiario& c) {
 }
 
 qint64 llenarLibroDiario(const QString& criterio, const Avance& avance) {
-    // Each account's title is looked up once per run: a book repeats a few hundred accounts
-    // over its lines.
-    QHash<QString, QVariant> titulos;
-    return llenarDesdeApuntes(
-        criterio,
-        QStringLiteral(
-            "cuenta, fecha_apunte, numero_documento, numero_apunte, concepto, debe, haber"),
+    return llenarDesdePrincipal(
         esquema::LibroDiario,
-        [&](const Recordset& rs) -> QVariantList {
-            const QString cuenta = rs.value(0).toString();
-            auto titulo = titulos.constFind(cuenta);
-            if (titulo == titulos.cend())
-                titulo = titulos.insert(cuenta, criterios::titulo(cuenta));
-            return {rs.value(1), rs.value(2), rs.value(3), cuenta,
-                    *titulo,     rs.value(4), rs.value(5), rs.value(6)};
-        },
+        QStringLiteral("SELECT l.fecha_apunte, l.numero_documento, l.numero_apunte, l.cuenta, "
+                       "c.descripcion, l.concepto, l.debe, l.haber FROM (SELECT fecha_apunte, "
+                       "numero_documento, numero_apunte, cuenta, concepto, debe, haber FROM "
+                       "Apuntes WHERE ") +
+            criterio + QStringLiteral(") l") + conTitulos(),
         avance);
 }
 

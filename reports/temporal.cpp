@@ -1,6 +1,6 @@
 #include "temporal.h"
 
-#include "data/auxiliar.h"
+#include "data/almacen/sql.h"
 #include "data/global.h"
 
 #include <QHash>
@@ -49,23 +49,19 @@ quint64 generacionTemporal(const QString& tabla) {
     return generaciones().value(tabla.toLower());
 }
 
-qint64 llenarDesdeApuntes(const QString& criterio, const QString& columnas,
-                          const esquema::Tabla& tabla,
-                          const std::function<QVariantList(const Recordset&)>& fila,
-                          const Avance& avance) {
-    Recordset rs =
-        Auxiliar::GetListExt(*sesion_conexion, QStringLiteral("Apuntes"), columnas, criterio,
-                             QString(), QString(), QStringLiteral("cuenta"), Cursor::Secuencial);
-    if (rs.eof()) return 0;
-    const qint64 total = avance ? rs.recordCount() : -1;
-    if (avance) avance(0, total);
-    Relleno relleno(*sesion_temporal, tabla);
-    qint64 n = 0;
-    for (; !rs.eof(); rs.moveNext()) {
-        relleno.anadir(fila(rs));
-        ++n;
-        if (avance) avance(n, total);
-    }
-    relleno.terminar();
+qint64 llenarDesdePrincipal(const esquema::Tabla& tabla, const QString& consulta,
+                            const Avance& avance) {
+    const QString nombre = QString::fromUtf8(tabla.nombre.data(), qsizetype(tabla.nombre.size()));
+    QStringList columnas;
+    for (const auto& c : tabla.columnas)
+        columnas << QString::fromUtf8(c.nombre.data(), qsizetype(c.nombre.size()));
+    const qint64 n =
+        sesion_temporal->llenarTabla(nombre, columnas, *sesion_conexion, consulta, avance);
+    if (n > 0) ++generaciones()[nombre.toLower()];
     return n;
+}
+
+QString conTitulos() {
+    return QStringLiteral(" LEFT JOIN Cuentas c ON c.codigo_empresa = ") +
+           sqlTexto(sesion_empresa) + QStringLiteral(" AND c.cuenta = l.cuenta");
 }

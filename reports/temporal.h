@@ -30,12 +30,15 @@ private:
 quint64 generacionTemporal(const QString& tabla);
 
 // Told each row written, and the total first.
-using Avance = std::function<void(qint64 hecho, qint64 total)>;
+using Avance = AvanceFilas;
 
-// The filling every ledger report shares: the journal lines of `criterio` in account order,
-// only the `columnas` named (a long read costs by its values), each turned by `fila` into a
-// row of `tabla`. Gives the number of lines; when there are none the table is left as it was.
-qint64 llenarDesdeApuntes(const QString& criterio, const QString& columnas,
-                          const esquema::Tabla& tabla,
-                          const std::function<QVariantList(const Recordset&)>& fila,
-                          const Avance& avance);
+// The filling every ledger report shares: the rows of `consulta` on the main store, one column
+// per column of `tabla` in its order, replace the table's rows (without passing through this
+// program when the store allows it, see Conexion::llenarTabla). Gives the number of rows; when
+// there are none the table is left as it was.
+qint64 llenarDesdePrincipal(const esquema::Tabla& tabla, const QString& consulta,
+                            const Avance& avance);
+
+// The join that gives the lines of a derived table `l` their account's title, as c.descripcion:
+// the account of the session's company.
+QString conTitulos();

@@ -241,6 +241,18 @@ private slots:
                  filas);
     }
 
+    // A run that finds no line keeps the last run's rows and its count of runs, so that the
+    // preview of that run still exports them.
+    void sinLineas() {
+        QCOMPARE(llenarExtractos(criterioExtracto({})), qint64(13));
+        const quint64 generacion = generacionTemporal("Extractos");
+        CriteriosExtracto nada;
+        nada.cuentaDesde = nada.cuentaHasta = "99999999";
+        QCOMPARE(llenarExtractos(criterioExtracto(nada)), qint64(0));
+        QCOMPARE(filasTemporales("SELECT COUNT(*) AS n FROM Extractos", {"n"}), QStringList{"13"});
+        QCOMPARE(generacionTemporal("Extractos"), generacion);
+    }
+
     // The statement as printed: the balance brought forward, the balance after each line and
     // the account's totals, checked by hand.
     void extractoImpreso() {

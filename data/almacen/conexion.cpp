@@ -6,6 +6,7 @@
 #include <QSet>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QUrl>
 
 namespace {
 
@@ -73,8 +74,9 @@ void Conexion::abrirSqlite(const DescripcionAlmacen& d) {
     db_ = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nombre_);
     db_.setDatabaseName(d.fuente);
     // Other workstations' processes and our own lookup connection share the file: wait for
-    // a lock rather than fail at once.
-    QString opciones = QStringLiteral("QSQLITE_BUSY_TIMEOUT=30000");
+    // a lock rather than fail at once. URIs let another store be attached read-only; the
+    // store's own name, an absolute path, is never read as one.
+    QString opciones = QStringLiteral("QSQLITE_BUSY_TIMEOUT=30000;QSQLITE_OPEN_URI");
     if (d.soloLectura) opciones += QStringLiteral(";QSQLITE_OPEN_READONLY");
     db_.setConnectOptions(opciones);
     if (!db_.open()) fallar(db_.lastError());
@@ -189,6 +191,96 @@ void Conexion::insertarFilas(const QString& tabla, const QStringList& columnas,
         }
     if (!q.exec()) fallar(q.lastError());
     q.finish();
+}
+
+qint64 Conexion::llenarTabla(const QString& tabla, const QStringList& columnas, Conexion& origen,
+                             const QString& consulta, const AvanceFilas& avance) {
+    if (dialecto_.proveedor() == Proveedor::SQLite &&
+        origen.dialecto_.proveedor() == Proveedor::SQLite && nivel_ == 0)
+        return llenarEnSqlite(tabla, columnas, origen, consulta, avance);
+    return llenarPorFilas(tabla, columnas, origen, consulta, avance);
+}
+
+qint64 Conexion::llenarEnSqlite(const QString& tabla, const QStringList& columnas, Conexion& origen,
+                                const QString& consulta, const AvanceFilas& avance) {
+    const QString insercion = QStringLiteral("INSERT INTO main.") + tabla + QStringLiteral(" (") +
+                              columnas.join(QStringLiteral(", ")) + QStringLiteral(") ") +
+                              dialecto_.traducir(consulta);
+    if (tieneNul(insercion)) fallarTexto(kNul);
+    // The query names the main store's tables unqualified: the schemas of the two stores share
+    // no table name, so SQLite finds them in the attached file. It is attached for this fill
+    // only: while a read-only file is attached no transaction of this connection could begin
+    // IMMEDIATE, and an attachment kept would outlive a change of store.
+    const QString archivo = origen.db_.databaseName();
+    const bool adjunta = archivo != db_.databaseName();
+    if (adjunta) {
+        QSqlQuery q(db_);
+        if (!q.prepare(QStringLiteral("ATTACH DATABASE ? AS saldeva_origen")))
+            fallar(q.lastError());
+        q.addBindValue(QUrl::fromLocalFile(archivo).toString(QUrl::FullyEncoded) +
+                       QStringLiteral("?mode=ro"));
+        if (!q.exec()) fallar(q.lastError());
+    }
+    // Whatever happens below: an unfinished fill rolled back, the file let go.
+    struct Cierre {
+        QSqlDatabase& db;
+        bool adjunta;
+        bool abierta = false;
+        ~Cierre() {
+            QSqlQuery q(db);
+            if (abierta) q.exec(QStringLiteral("ROLLBACK"));
+            if (adjunta) q.exec(QStringLiteral("DETACH DATABASE saldeva_origen"));
+        }
+    } cierre{db_, adjunta};
+    // Deferred: the only write lock wanted is this file's, which the DELETE takes.
+    ejecutarDirecto(QStringLiteral("BEGIN"));
+    cierre.abierta = true;
+    ejecutarDirecto(QStringLiteral("DELETE FROM main.") + tabla);
+    qint64 n = 0;
+    {
+        QSqlQuery q(db_);
+        q.setForwardOnly(true);
+        if (!q.exec(insercion)) fallar(q.lastError());
+        n = q.numRowsAffected();
+    }
+    // No row: the rollback of the closing gives the table its rows back.
+    if (n == 0) return 0;
+    ejecutarDirecto(QStringLiteral("COMMIT"));
+    cierre.abierta = false;
+    if (avance) {
+        avance(0, n);
+        avance(n, n);
+    }
+    return n;
+}
+
+qint64 Conexion::llenarPorFilas(const QString& tabla, const QStringList& columnas, Conexion& origen,
+                                const QString& consulta, const AvanceFilas& avance) {
+    Recordset rs = origen.open(consulta, Cursor::Secuencial);
+    if (rs.eof()) return 0;
+    const qint64 total = avance ? rs.recordCount() : -1;
+    if (avance) avance(0, total);
+    Transaccion t(*this);
+    ejecutarDirecto(QStringLiteral("DELETE FROM ") + tabla);
+    // Rows per statement: fewer statements to run, well within the stores' limit of values.
+    constexpr qsizetype kFilasPorSentencia = 256;
+    QList<QVariantList> lote;
+    qint64 n = 0;
+    for (; !rs.eof(); rs.moveNext()) {
+        QVariantList fila;
+        fila.reserve(columnas.size());
+        for (int i = 0; i < columnas.size(); ++i) fila << rs.value(i);
+        lote << std::move(fila);
+        if (lote.size() == kFilasPorSentencia) {
+            insertarFilas(tabla, columnas, lote);
+            lote.clear();
+        }
+        ++n;
+        if (avance) avance(n, total);
+    }
+    insertarFilas(tabla, columnas, lote);
+    t.commit();
+    return n;
 }
 
 int Conexion::actualizar(const QString& tabla, const QStringList& columnas,

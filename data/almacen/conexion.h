@@ -9,11 +9,15 @@
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
+#include <functional>
 #include <memory>
 #include <unordered_map>
 
 struct DescripcionAlmacen;
 class QSqlError;
+
+// Told the rows done so far, and the total first (-1 when it is not known).
+using AvanceFilas = std::function<void(qint64 hecho, qint64 total)>;
 
 // An open store. Every entity class receives one as its first argument; the session holds
 // two (main and temporary), and lookups open their own. The SQL it is given is the system's
@@ -40,6 +44,17 @@ public:
     // Several rows in one statement: the long fillings of the reports' tables.
     void insertarFilas(const QString& tabla, const QStringList& columnas,
                        const QList<QVariantList>& filas);
+    // Replaces the rows of `tabla` of this connection with those of `consulta`, the system's SQL
+    // run on `origen`, its columns matched to `columnas` in order; gives the number of rows.
+    // All or nothing, in one transaction of this connection, and a query that gives no row
+    // leaves the table as it was. When both are SQLite stores the rows never leave SQLite: the
+    // file of `origen` is attached read-only to this connection for one INSERT … SELECT, which
+    // sees what that store holds committed (as the lookups do). Otherwise, and inside a
+    // transaction of this connection (where no file can be attached), the rows are read from
+    // `origen` and written here many to a statement. `avance` hears of each row written, or
+    // only once at the end when SQLite writes them by itself.
+    qint64 llenarTabla(const QString& tabla, const QStringList& columnas, Conexion& origen,
+                       const QString& consulta, const AvanceFilas& avance = {});
     // Gives the number of rows changed; the caller decides whether none is a failure.
     int actualizar(const QString& tabla, const QStringList& columnas, const QVariantList& valores,
                    const QString& condicion);
@@ -70,6 +85,10 @@ private:
     QSqlQuery& preparada(const QString& sql);
     void vincular(QSqlQuery& consulta, const QVariantList& valores);
     void ejecutarDirecto(const QString& sql);
+    qint64 llenarEnSqlite(const QString& tabla, const QStringList& columnas, Conexion& origen,
+                          const QString& consulta, const AvanceFilas& avance);
+    qint64 llenarPorFilas(const QString& tabla, const QStringList& columnas, Conexion& origen,
+                          const QString& consulta, const AvanceFilas& avance);
     [[noreturn]] void fallar(const QSqlError& error);
     [[noreturn]] void fallarTexto(const QString& descripcion);
 
