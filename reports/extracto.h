@@ -17,7 +17,7 @@ struct CriteriosExtracto {
 
 struct Extracto {
     QString criterio;          // the period's lines
-    QString criterioAnterior;  // the lines before the period, any account
+    QString criterioAnterior;  // the lines of the same accounts before the period
 };
 
 Extracto criterioExtracto(const CriteriosExtracto& c);
