@@ -70,6 +70,17 @@ QString textoCampo(const QVariant& valor, Tipo tipo) {
 
 using namespace mantenimiento;
 
+namespace {
+
+// A field's text as the statement compares its column with it.
+QString valorSql(const Campo& c, const QString& texto) {
+    return c.tipo == Tipo::Numero  ? numeroSql(texto)
+           : c.tipo == Tipo::Fecha ? sqlTexto(Auxiliar::sDate(texto))
+                                   : sqlTexto(texto);
+}
+
+}  // namespace
+
 FormularioMantenimiento::FormularioMantenimiento(Declaracion declaracion, QWidget* padre)
     : Formulario(declaracion.nombre, declaracion.titulo, padre), d_(std::move(declaracion)) {
     construir();
@@ -287,7 +298,19 @@ int FormularioMantenimiento::casillaPorColumna(const QString& columna) const {
 }
 
 QString FormularioMantenimiento::clave(const QStringList& fila) const {
-    return QStringLiteral("K") + fila.value(0);
+    QStringList partes;
+    for (int i = 0; i < d_.camposClave; ++i) partes << fila.value(columnaDeClave(i));
+    // A separator no one types keeps "1","23" and "12","3" apart.
+    return QStringLiteral("K") + partes.join(QChar(0x1F));
+}
+
+// The first column is the code; the other fields of a key are found by their table column.
+int FormularioMantenimiento::columnaDeClave(int i) const {
+    if (i == 0) return 0;
+    for (int c = 0; c < d_.columnas.size(); ++c)
+        if (d_.columnas[c].columna.compare(d_.campos[i].columna, Qt::CaseInsensitive) == 0)
+            return c;
+    return i;
 }
 
 const FormularioMantenimiento::Grupo* FormularioMantenimiento::grupoPorColumna(
@@ -328,13 +351,22 @@ QString FormularioMantenimiento::condicionBase() const {
 }
 
 QString FormularioMantenimiento::condicionCodigo(const QString& codigo) const {
-    const Campo& clave = d_.campos[0];
-    const QString valor = clave.tipo == Tipo::Numero  ? numeroSql(codigo)
-                          : clave.tipo == Tipo::Fecha ? sqlTexto(Auxiliar::sDate(codigo))
-                                                      : sqlTexto(codigo);
-    const QString base = condicionBase();
-    return (base.isEmpty() ? QString() : base + QStringLiteral(" and ")) + clave.columna +
-           QStringLiteral(" = ") + valor;
+    QString condicion = condicionBase();
+    for (int i = 0; i < d_.camposClave; ++i) {
+        if (!condicion.isEmpty()) condicion += QStringLiteral(" and ");
+        condicion += d_.campos[i].columna + QStringLiteral(" = ") +
+                     valorSql(d_.campos[i], i == 0 ? codigo : txt_[i]->text());
+    }
+    return condicion;
+}
+
+bool FormularioMantenimiento::claveCompleta() const {
+    for (int i = 0; i < d_.camposClave; ++i) {
+        const QString texto = txt_[i]->text();
+        if (texto.isEmpty() || (d_.campos[i].tipo == Tipo::Numero && !formato::leerNumero(texto)))
+            return false;
+    }
+    return true;
 }
 
 bool FormularioMantenimiento::existe(const QString& codigo) const {
@@ -382,23 +414,28 @@ bool FormularioMantenimiento::alValidar(int i) {
         }
         if (QLabel* nombre = des(i)) nombre->setText(*hallado);
     }
+    return pasaComprobacion(i);
+}
+
+bool FormularioMantenimiento::pasaComprobacion(int i) {
+    const Campo& c = d_.campos[i];
     if (!c.comprobar) return true;
     QString mensaje;
     // A check that fails outright (a number beyond range) refuses the field like a message.
-    if (!Protegido([&] { mensaje = c.comprobar(texto); })) return false;
+    if (!Protegido([&] { mensaje = c.comprobar(txt_[i]->text()); })) return false;
     if (mensaje.isEmpty()) return true;
     MsgBox(mensaje, Icono::Critico);
     return false;
 }
 
 void FormularioMantenimiento::alSalir(int i) {
-    if (i == 0 && !txt_[0]->text().isEmpty()) Protegido([this] { cargarCodigo(); });
+    if (i < d_.camposClave && claveCompleta()) Protegido([this] { cargarCodigo(); });
 }
 
 void FormularioMantenimiento::cargarCodigo() {
     Recordset fila = d_.listar(condicionCodigo(txt_[0]->text()), QString());
     if (fila.eof()) return;
-    for (int i = 1; i < d_.campos.size(); ++i)
+    for (int i = d_.camposClave; i < d_.campos.size(); ++i)
         if (!d_.campos[i].columna.isEmpty())
             ponerTexto(i, textoCampo(fila.value(d_.campos[i].columna), d_.campos[i].tipo));
     for (int i = 0; i < chk_.size(); ++i)
@@ -409,7 +446,7 @@ void FormularioMantenimiento::cargarCodigo() {
 }
 
 void FormularioMantenimiento::alElegirFila(QTreeWidgetItem* fila) {
-    ponerTexto(0, fila->text(0));
+    for (int i = 0; i < d_.camposClave; ++i) ponerTexto(i, fila->text(columnaDeClave(i)));
     alSalir(0);
     txt_[0]->setFocus();
 }
@@ -428,9 +465,15 @@ void FormularioMantenimiento::LimpiarCampos() {
 }
 
 bool FormularioMantenimiento::validarCampo(int i) {
-    if (!d_.campos[i].obligatorio || !txt_[i]->text().isEmpty()) return true;
+    const Campo& c = d_.campos[i];
+    if (!txt_[i]->text().isEmpty()) return true;
+    if (c.obligatorio) {
+        txt_[i]->setFocus();
+        MsgBox(MensajeError(1000), Icono::Critico);
+        return false;
+    }
+    if (!c.comprobarVacio || pasaComprobacion(i)) return true;
     txt_[i]->setFocus();
-    MsgBox(MensajeError(1000), Icono::Critico);
     return false;
 }
 
@@ -466,7 +509,7 @@ QStringList FormularioMantenimiento::filaDesdeCampos() const {
 
 void FormularioMantenimiento::AltaRegistro() {
     const QString codigo = txt_[0]->text();
-    if (codigo.isEmpty()) return;
+    if (!claveCompleta()) return;
     Protegido([&] {
         if (existe(codigo)) {
             MsgBox(MensajeError(d_.mensajeExiste), Icono::Critico);
@@ -481,7 +524,7 @@ void FormularioMantenimiento::AltaRegistro() {
 
 void FormularioMantenimiento::ModificarRegistro() {
     const QString codigo = txt_[0]->text();
-    if (codigo.isEmpty()) return;
+    if (!claveCompleta()) return;
     Protegido([&] {
         if (!existe(codigo)) {
             MsgBox(MensajeError(d_.mensajeFalta), Icono::Critico);
@@ -504,21 +547,25 @@ bool FormularioMantenimiento::puedeModificar(const QString&) {
 }
 
 void FormularioMantenimiento::BorrarRegistro() {
-    normalizarCampo(0);
+    for (int i = 0; i < d_.camposClave; ++i) normalizarCampo(i);
     const QString codigo = txt_[0]->text();
-    const bool hecho = codigo.isEmpty() || Protegido([&] {
-                           if (!puedeBorrar(codigo)) return;
-                           if (!existe(codigo)) {
-                               if (d_.mensajeBorrarFalta)
-                                   MsgBox(MensajeError(d_.mensajeBorrarFalta), Icono::Critico);
-                               return;
-                           }
-                           if (MsgBox(d_.pregunta(codigo), Icono::Pregunta) != Respuesta::Si)
-                               return;
-                           d_.borrar(codigo);
-                           const QString k = clave(filaDesdeCampos());
-                           if (lista_->contiene(k)) lista_->quitar(k);
-                       });
+    const bool hecho = !claveCompleta() || Protegido([&] {
+        if (!puedeBorrar(codigo)) return;
+        if (!existe(codigo)) {
+            if (d_.mensajeBorrarFalta) MsgBox(MensajeError(d_.mensajeBorrarFalta), Icono::Critico);
+            return;
+        }
+        const QStringList campos = valores();
+        if (MsgBox(d_.preguntaCampos ? d_.preguntaCampos(campos) : d_.pregunta(codigo),
+                   Icono::Pregunta) != Respuesta::Si)
+            return;
+        if (d_.borrarCampos)
+            d_.borrarCampos(campos);
+        else
+            d_.borrar(codigo);
+        const QString k = clave(filaDesdeCampos());
+        if (lista_->contiene(k)) lista_->quitar(k);
+    });
     // A failed delete keeps the fields, as every failed store operation does.
     if (hecho) LimpiarCampos();
 }
@@ -530,11 +577,8 @@ void FormularioMantenimiento::Filtrar() {
         const QString texto = txt_[i]->text();
         const Campo& c = d_.campos[i];
         if (texto.isEmpty() || c.columna.isEmpty() || !c.filtra) continue;
-        const QString valor = c.tipo == Tipo::Numero  ? numeroSql(texto)
-                              : c.tipo == Tipo::Fecha ? sqlTexto(Auxiliar::sDate(texto))
-                                                      : sqlTexto(texto);
         if (!condicion.isEmpty()) condicion += QStringLiteral(" and ");
-        condicion += c.columna + QStringLiteral(" = ") + valor;
+        condicion += c.columna + QStringLiteral(" = ") + valorSql(c, texto);
     }
     for (const Grupo& g : grupos_) {
         if (!g.filtra) continue;

@@ -59,6 +59,9 @@ struct Campo {
     int sinNombre = 0;
     bool verNombre = false;
     bool filtra = true;  // whether Filtrar asks for the field's text
+    // Whether a save also runs `comprobar` on the field left empty, so that its own message
+    // refuses it (a key letter, a key number); leaving the field empty still says nothing.
+    bool comprobarVacio = false;
 };
 
 // A check box (chk) or an option button (opt) below the fields. Boxes and buttons are numbered
@@ -93,6 +96,10 @@ struct Declaracion {
     Alcance alcance = Alcance::General;
     QString orden;
     QList<Campo> campos;  // by index; txt(0) is the code
+    // How many fields from txt(0) on make the key together: a row is loaded once all of them
+    // are typed, and found, saved and deleted by all of them; a list row's key is made of
+    // their columns. 1 for a code alone.
+    int camposClave = 1;
     // The panel's rows, each the indices of the fields it holds side by side; empty for one
     // field a row (two columns of them for long declarations).
     QList<QList<int>> filas;
@@ -114,6 +121,10 @@ struct Declaracion {
     std::function<void(const QStringList& campos)> insertar;
     std::function<void(const QStringList& campos)> actualizar;
     std::function<void(const QString& codigo)> borrar;
+    // The question and the delete given what Insert receives, for a key of several fields or
+    // a question about more than the code; when set they stand in for `pregunta` and `borrar`.
+    std::function<QString(const QStringList& campos)> preguntaCampos;
+    std::function<void(const QStringList& campos)> borrarCampos;
     std::function<Recordset(const QString& condicion, const QString& orden)> listar;
 };
 
@@ -163,9 +174,10 @@ public:
 protected:
     // "codigo_empresa = 'E'" and so on, by the declaration's scope.
     virtual QString condicionBase() const;
-    // The rows of this code within the base condition.
+    // The rows of this code, and of the other key fields on screen, within the base condition.
     virtual QString condicionCodigo(const QString& codigo) const;
-    // Leaving field i: the code loads its row; other fields do nothing unless a form says so.
+    // Leaving field i: a field of the key, the key complete, loads its row; other fields do
+    // nothing unless a form says so.
     virtual void alSalir(int i);
     virtual bool alValidar(int i);
     // The first pass of validarDatos over field i, in index order: a required field must not
@@ -173,7 +185,7 @@ protected:
     virtual bool validarCampo(int i);
     // A row of the list chosen by double click or Enter: by default its code is loaded.
     virtual void alElegirFila(QTreeWidgetItem* fila);
-    // Fills the fields from the row of the code, if there is one; the code keeps its text.
+    // Fills the fields from the row of the key, if there is one; the key keeps its text.
     virtual void cargarCodigo();
     // Refusals before the delete question (the active company or branch): false stops.
     virtual bool puedeBorrar(const QString& codigo);
@@ -188,6 +200,8 @@ protected:
     // A box or button changed by the user.
     virtual void alMarcar(QAbstractButton* marca);
     bool existe(const QString& codigo) const;
+    // Every field of the key typed, numbers reading as numbers: only then does it name a row.
+    bool claveCompleta() const;
 
     void closeEvent(QCloseEvent* evento) override;
 
@@ -202,6 +216,8 @@ private:
     void alFoco(int i);
     void alDobleClic(int i);
     int indicePorColumna(const QString& columna) const;
+    int columnaDeClave(int i) const;
+    bool pasaComprobacion(int i);
     int casillaPorColumna(const QString& columna) const;
     QString valorCasilla(int i) const;
     struct Grupo {
