@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The benchmark of the books: a year of N journal lines written through the entity classes
-# (and as a ledger journal), then the statement of all accounts and the journal book as the
-# forms run them, and `ledger register` over the same postings, side by side.
+# (and as a ledger journal), then the statement of all accounts, the journal book, the trial
+# balance of every level, the balance sheet and the profit and loss account as the forms run
+# them, and `ledger register` and `ledger balance` over the same postings, side by side.
 #
 #   bench/comparar.sh [LINEAS [CARPETA [BUILD]]]     defaults: 1000000 /tmp/saldeva-bench build
 #
@@ -42,3 +43,20 @@ echo "== Libro Diario (tabla temporal, primera página, PDF)"
 
 echo "== ledger register sobre los mismos apuntes"
 medir "ledger register" ledger -f "$carpeta/diario.ledger" register
+
+echo "== Balance de sumas y saldos de todos los niveles (tabla temporal, primera página, CSV)"
+"$build/bench/informe" "$carpeta" sumas --niveles 1,2,3,4,5,6,7,8 --tiempos \
+  --csv "$carpeta/sumas.csv" --png-primera "$carpeta/sumas-1.png"
+medir "sumas, todos los niveles (proceso)" "$build/bench/informe" "$carpeta" sumas \
+  --niveles 1,2,3,4,5,6,7,8
+
+echo "== ledger balance sobre los mismos apuntes"
+medir "ledger balance" ledger -f "$carpeta/diario.ledger" balance
+
+echo "== Balance de situación y cuenta de pérdidas y ganancias (tabla temporal, primera página)"
+"$build/bench/informe" "$carpeta" situacion --tiempos --texto "$carpeta/situacion.txt" \
+  --png-primera "$carpeta/situacion-1.png"
+grep -F "TOTAL" "$carpeta/situacion.txt"
+"$build/bench/informe" "$carpeta" pyg --tiempos --texto "$carpeta/pyg.txt" \
+  --png-primera "$carpeta/pyg-1.png" | grep -v "^[AB]"
+grep -F "RESULTADO DEL EJERCICIO" "$carpeta/pyg.txt"

@@ -148,7 +148,8 @@ qint64 llenarBalanceSituacion(const CriteriosBalance& c, const Avance& avance) {
             fila << estados::ListaVisible(cuentas) << importes.actual(ap, cuentas)
                  << importes.anterior(ap, cuentas);
         relleno.anadir(fila);
-        if (avance) avance(++n, total);
+        ++n;
+        if (avance) avance(n, total);
     }
     relleno.terminar();
     return n;

@@ -7,6 +7,7 @@
 #include "comun/gui_prueba.h"
 #include "data/almacen/programa.h"
 #include "data/almacen/sql.h"
+#include "data/auxiliar.h"
 #include "data/entidades/apuntes.h"
 #include "data/entidades/cuentas.h"
 #include "data/entidades/situacion.h"

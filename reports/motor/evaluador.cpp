@@ -186,10 +186,17 @@ void Evaluador::entrar(bool nuevoGrupo) {
 }
 
 void Evaluador::acumular() {
+    // A sum may add a value of the row (a signed amount) and a value may read the sums (a
+    // running balance): the values are computed before the sums, so that each sum adds this
+    // row's, and again after them.
+    const auto calcular = [this] {
+        for (size_t i = 0; i < calculos_.size(); ++i)
+            slots_[size_t(baseCalculos_) + i] = calculos_[i].evaluar(slots_);
+    };
+    if (!sumandos_.empty()) calcular();
     for (size_t i = 0; i < sumandos_.size(); ++i)
         slots_[size_t(baseAcumulados_) + i].numero += sumandos_[i].evaluar(slots_).numero;
-    for (size_t i = 0; i < calculos_.size(); ++i)
-        slots_[size_t(baseCalculos_) + i] = calculos_[i].evaluar(slots_);
+    calcular();
 }
 
 }  // namespace motor
