@@ -30,7 +30,8 @@ resultado=$(importes "$dir/pyg.txt" "D) RESULTADO DEL EJERCICIO" | awk '{print $
 
 # Groups 6 and 7 of branch B over the year: the trial balance at level 1.
 "$informe" "$dir" sumas --niveles 1 --delegaciones B --csv "$dir/sumas.csv" >/dev/null
-grupos=$(awk -F ';' 'NR > 1 && ($1 == "6" || $1 == "7") {s += $4 + $5 - $6}
+grupos=$(awk -F ';' 'NR > 1 && ($1 == "6" || $1 == "7") {
+                       for (i = 4; i <= 6; i++) gsub(",", ".", $i); s += $4 + $5 - $6}
                      END {printf "%.2f", -s}' <(sed 's/\r$//; 1s/^\xEF\xBB\xBF//' "$dir/sumas.csv"))
 echo "Resultado del ejercicio: $resultado / ingresos menos gastos: $grupos"
 awk -v a="$resultado" -v b="$grupos" 'BEGIN {exit !(a + 0 == b + 0 && a != "")}' ||

@@ -356,7 +356,7 @@ private slots:
                   "4. Aprovisionamientos · (400,00)", "7. Otros gastos de explotación · (50,00)",
                   "A) RESULTADO DE EXPLOTACIÓN", "C) RESULTADO ANTES DE IMPUESTOS",
                   "19. Impuestos sobre beneficios · (100,00)",
-                  "D) RESULTADO DEL EJERCICIO (C + 19) · 1.300,00 · 1.000,00"})
+                  "D) RESULTADO DEL EJERCICIO (C+19) · 1.300,00 · 1.000,00"})
                 QVERIFY2(lineaQueEmpieza(p, esperada).startsWith(esperada),
                          qPrintable(p.join('\n')));
             QCOMPARE(lineaQueEmpieza(p, "A) RESULTADO DE EXPLOTACIÓN").section(" · ", 1),

@@ -179,24 +179,25 @@ void Evaluador::entrar(bool nuevoGrupo) {
     for (size_t i = 0; i < claves_.size(); ++i)
         if (!claves_[i].empty())
             slots_[size_t(baseTotales_) + i].numero = sumas_[i].value(clave(claves_[i]));
-    if (!nuevoGrupo) return;
-    for (size_t i = 0; i < size_t(d_.acumulados.size()); ++i)
-        if (d_.acumulados[qsizetype(i)].porGrupo)
-            slots_[size_t(baseAcumulados_) + i] = Valor::deNumero(0);
+    if (nuevoGrupo)
+        for (size_t i = 0; i < size_t(d_.acumulados.size()); ++i)
+            if (d_.acumulados[qsizetype(i)].porGrupo)
+                slots_[size_t(baseAcumulados_) + i] = Valor::deNumero(0);
+    // The row's values as soon as it is current: a group's header shows them, and a sum may
+    // add one of them (a signed amount).
+    calcular();
+}
+
+void Evaluador::calcular() {
+    for (size_t i = 0; i < calculos_.size(); ++i)
+        slots_[size_t(baseCalculos_) + i] = calculos_[i].evaluar(slots_);
 }
 
 void Evaluador::acumular() {
-    // A sum may add a value of the row (a signed amount) and a value may read the sums (a
-    // running balance): the values are computed before the sums, so that each sum adds this
-    // row's, and again after them.
-    const auto calcular = [this] {
-        for (size_t i = 0; i < calculos_.size(); ++i)
-            slots_[size_t(baseCalculos_) + i] = calculos_[i].evaluar(slots_);
-    };
-    if (!sumandos_.empty()) calcular();
     for (size_t i = 0; i < sumandos_.size(); ++i)
         slots_[size_t(baseAcumulados_) + i].numero += sumandos_[i].evaluar(slots_).numero;
-    calcular();
+    // Again, now that the sums hold this row (a running balance).
+    if (!sumandos_.empty()) calcular();
 }
 
 }  // namespace motor

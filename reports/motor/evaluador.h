@@ -59,6 +59,8 @@ public:
     const std::vector<Expresion>& exportadas() const { return exportadas_; }
 
 private:
+    // The layout's values of the current row, from its columns, sums and totals.
+    void calcular();
     std::vector<int> columnasDe(const QStringList& nombres, const QString& que, int linea) const;
     Expresion compilar(const QString& texto, int linea) const;
     void comprobarTotales() const;
