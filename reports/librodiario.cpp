@@ -29,9 +29,10 @@ qint64 llenarLibroDiario(const QString& criterio, const Avance& avance) {
     return llenarDesdePrincipal(
         esquema::LibroDiario,
         QStringLiteral("SELECT l.fecha_apunte, l.numero_documento, l.numero_apunte, l.cuenta, "
-                       "c.descripcion, l.concepto, l.debe, l.haber FROM (SELECT fecha_apunte, "
-                       "numero_documento, numero_apunte, cuenta, concepto, debe, haber FROM "
-                       "Apuntes WHERE ") +
+                       "c.descripcion, l.concepto, l.debe, l.haber, l.codigo_documento, "
+                       "l.codigo_delegacion FROM (SELECT fecha_apunte, numero_documento, "
+                       "numero_apunte, cuenta, concepto, debe, haber, codigo_documento, "
+                       "codigo_delegacion FROM Apuntes WHERE ") +
             criterio + QStringLiteral(") l") + conTitulos(),
         avance);
 }
@@ -45,6 +46,9 @@ QStringList formulasLibroDiario(const CriteriosLibroDiario& c) {
 }
 
 QString consultaLibroDiario() {
+    // Two entries may share a date and a number (series without a prefix, or two branches):
+    // their document and branch keep each one's lines together.
     return QStringLiteral(
-        "SELECT * FROM LibroDiario ORDER BY fecha_apunte, numero_documento, numero_apunte");
+        "SELECT * FROM LibroDiario ORDER BY fecha_apunte, numero_documento, codigo_documento, "
+        "codigo_delegacion, numero_apunte");
 }

@@ -333,6 +333,36 @@ private slots:
     }
 
     // What each form tells the engine: file, title, formulas in their order, query.
+    // Two entries of one date and number, one per document and one in another branch, print
+    // under a heading each, their lines never mixed.
+    void asientosDelMismoNumero() {
+        for (const auto& [delegacion, documento, apunte, cuenta] :
+             std::initializer_list<std::tuple<const char*, const char*, int, const char*>>{
+                 {"EMP", "AS", 1, "57200001"},
+                 {"EMP", "FAC", 1, "43000001"},
+                 {"SUR", "AS", 1, "43000001"},
+                 {"EMP", "AS", 2, "70000001"},
+                 {"EMP", "FAC", 2, "70000001"},
+                 {"SUR", "AS", 2, "57200001"}})
+            Apuntes::Insert(*sesion_conexion, "EMP", delegacion, documento, "0000300", apunte,
+                            "GEN", fecha(2, 3), fecha(2, 3), "", cuenta,
+                            QStringLiteral("%1 %2").arg(documento, delegacion), apunte == 1 ? 7 : 0,
+                            apunte == 2 ? 7 : 0, "P", "", "PRUEBA");
+        CriteriosLibroDiario c;
+        c.documentoDesde = c.documentoHasta = "0000300";
+        llenarLibroDiario(criterioLibroDiario(c));
+        QStringList impresas;
+        for (const QString& l :
+             paginasImpresas("LibroDiario.rpt", formulasLibroDiario(c), consultaLibroDiario()))
+            if (l.startsWith("Asiento"))
+                impresas << "Asiento " + l.section(" · ", 5, 5) + " " + l.section(" · ", 7, 7);
+            else if (l.startsWith("1 ") || l.startsWith("2 "))
+                impresas << l.section(" · ", 0, 0) + " " + l.section(" · ", 3, 3);
+        QCOMPARE(impresas, (QStringList{"Asiento AS EMP", "1 AS EMP", "2 AS EMP", "Asiento AS SUR",
+                                        "1 AS SUR", "2 AS SUR", "Asiento FAC EMP", "1 FAC EMP",
+                                        "2 FAC EMP"}));
+    }
+
     void peticiones_data() {
         QTest::addColumn<QString>("formulario");
         QTest::addColumn<QStringList>("campos");
@@ -362,7 +392,8 @@ private slots:
             << "Libro Diario"
             << QStringList{"periodo='del 01/01/" + a + " al 28/02/" + a + "'",
                            "empresa='EMP Empresa de prueba // Delegación: SUR'"}
-            << "SELECT * FROM LibroDiario ORDER BY fecha_apunte, numero_documento, numero_apunte";
+            << "SELECT * FROM LibroDiario ORDER BY fecha_apunte, numero_documento, "
+               "codigo_documento, codigo_delegacion, numero_apunte";
     }
     void peticiones() {
         QFETCH(QString, formulario);
@@ -497,12 +528,13 @@ private slots:
         QTest::newRow("journal book of one entry")
             << "frmLibroDiario" << QStringList{"3=FA", "4=0000101", "5=0000101"}
             << QStringList{
-                   "Asiento;Fecha;Nº;Cuenta;Título de la cuenta;Concepto;Debe;Haber",
-                   "0000101;05/02/" + a +
+                   "Asiento;Documento;Delegación;Fecha;Nº;Cuenta;Título de la cuenta;Concepto;"
+                   "Debe;Haber",
+                   "0000101;FAC;SUR;05/02/" + a +
                        ";1;43000001;Comercial Ebro, S.L.;Concepto 0000101/1;605,00;0,00",
-                   "0000101;05/02/" + a +
+                   "0000101;FAC;SUR;05/02/" + a +
                        ";2;70000001;Ventas de mercaderías;Concepto 0000101/2;0,00;500,00",
-                   "0000101;05/02/" + a +
+                   "0000101;FAC;SUR;05/02/" + a +
                        ";3;47700021;H.P. IVA repercutido 21 %;Concepto 0000101/3;0,00;105,00"};
     }
     void exportacionCsv() {

@@ -238,6 +238,9 @@ constexpr Columna kLibroDiario[] = {
     {"concepto", T::Texto},
     {"debe", T::Doble},
     {"haber", T::Doble},
+    // What tells apart two entries that share a date and a number.
+    {"codigo_documento", T::Texto},
+    {"codigo_delegacion", T::Texto},
 };
 constexpr Columna kSumasSaldos[] = {
     {"cuenta", T::Texto},         {"titulo", T::Texto}, {"nivel", T::Entero32},
