@@ -336,6 +336,19 @@ void Conexion::anotarError(const QString& numero, const QString& descripcion) {
     errores_.append({QStringLiteral("Saldeva"), numero, descripcion});
 }
 
+bool Conexion::mismasColumnas(const esquema::Tabla& tabla) {
+    QSqlQuery q(db_);
+    if (!q.exec(QStringLiteral("SELECT * FROM ") + aTexto(tabla.nombre) +
+                QStringLiteral(" WHERE 1 = 0")))
+        return false;
+    const QSqlRecord r = q.record();
+    if (r.count() != int(tabla.columnas.size())) return false;
+    for (int i = 0; i < r.count(); ++i)
+        if (r.fieldName(i).compare(aTexto(tabla.columnas[size_t(i)].nombre), Qt::CaseInsensitive))
+            return false;
+    return true;
+}
+
 void Conexion::asegurarEsquema(esquema::Almacen almacen) {
     // What the store already holds, by lower-case name: tables and indexes.
     QSqlQuery q(db_);
@@ -353,9 +366,16 @@ void Conexion::asegurarEsquema(esquema::Almacen almacen) {
     q.finish();
 
     QStringList sentencias;
-    for (const esquema::Tabla* tabla : esquema::tablas(almacen))
-        if (!nombres.contains(aTexto(tabla->nombre).toLower()))
+    for (const esquema::Tabla* tabla : esquema::tablas(almacen)) {
+        const QString nombre = aTexto(tabla->nombre);
+        if (!nombres.contains(nombre.toLower())) {
             sentencias << dialecto_.crearTabla(*tabla);
+        } else if (almacen == esquema::Almacen::Temporal && !mismasColumnas(*tabla)) {
+            // A report's table holds only its last run: one left by an earlier version of
+            // the program, with other columns, is made again.
+            sentencias << QStringLiteral("DROP TABLE ") + nombre << dialecto_.crearTabla(*tabla);
+        }
+    }
     if (almacen == esquema::Almacen::Principal)
         for (const esquema::Indice& indice : esquema::indices())
             if (!nombres.contains(aTexto(indice.nombre).toLower()))

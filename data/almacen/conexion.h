@@ -85,6 +85,8 @@ private:
     QSqlQuery& preparada(const QString& sql);
     void vincular(QSqlQuery& consulta, const QVariantList& valores);
     void ejecutarDirecto(const QString& sql);
+    // Whether a table of the store has exactly the columns its declaration gives.
+    bool mismasColumnas(const esquema::Tabla& tabla);
     qint64 llenarEnSqlite(const QString& tabla, const QStringList& columnas, Conexion& origen,
                           const QString& consulta, const AvanceFilas& avance);
     qint64 llenarPorFilas(const QString& tabla, const QStringList& columnas, Conexion& origen,
