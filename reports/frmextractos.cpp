@@ -9,24 +9,26 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-namespace {
-using C = CampoInforme::Clase;
-using L = CampoInforme::Limite;
-const QList<CampoInforme> kCampos{
-    {5, QStringLiteral("Delegación:"), C::Delegacion,
-     QStringLiteral("DELEGACIONES.codigo_delegacion"), 24},
-    {0, QStringLiteral("Diario:"), C::Texto, QStringLiteral("DIARIOS.codigo_diario"), 24},
-    {1, QStringLiteral("Cuenta:"), C::Cuenta, QStringLiteral("CUENTAS.cuenta"), 12, false,
-     L::Desde},
-    {2, QStringLiteral("Cuenta:"), C::Cuenta, QStringLiteral("CUENTAS.cuenta"), 12, true, L::Hasta},
-    {3, QStringLiteral("Fecha:"), C::Fecha, {}, 12, false, L::Desde},
-    {4, QStringLiteral("Fecha:"), C::Fecha, {}, 12, true, L::Hasta},
-};
-}  // namespace
+const QList<CampoInforme>& camposExtracto() {
+    using C = CampoInforme::Clase;
+    using L = CampoInforme::Limite;
+    static const QList<CampoInforme> campos{
+        {5, QStringLiteral("Delegación:"), C::Delegacion,
+         QStringLiteral("DELEGACIONES.codigo_delegacion"), 24},
+        {0, QStringLiteral("Diario:"), C::Texto, QStringLiteral("DIARIOS.codigo_diario"), 24},
+        {1, QStringLiteral("Cuenta:"), C::Cuenta, QStringLiteral("CUENTAS.cuenta"), 12, false,
+         L::Desde},
+        {2, QStringLiteral("Cuenta:"), C::Cuenta, QStringLiteral("CUENTAS.cuenta"), 12, true,
+         L::Hasta},
+        {3, QStringLiteral("Fecha:"), C::Fecha, {}, 12, false, L::Desde},
+        {4, QStringLiteral("Fecha:"), C::Fecha, {}, 12, true, L::Hasta},
+    };
+    return campos;
+}
 
 frmExtractos::frmExtractos()
     : FormularioInforme(QStringLiteral("frmExtractos"), QStringLiteral("Extracto de cuentas"),
-                        kCampos) {
+                        camposExtracto()) {
     optFecha_ = new QRadioButton(QStringLiteral("Ordenación por fecha"));
     optFecha_->setObjectName(QStringLiteral("optFecha"));
     optDiario_ = new QRadioButton(QStringLiteral("Ordenación por diarios y fecha"));

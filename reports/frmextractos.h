@@ -4,6 +4,10 @@
 
 class QRadioButton;
 
+// Branches, journals, accounts and dates: the criteria of the statement, which the trial
+// balance shares.
+const QList<CampoInforme>& camposExtracto();
+
 // "Extracto de cuentas": the lines of one or several accounts over a period, each account
 // after its balance brought forward, through Extractos and Extracto.rpt.
 class frmExtractos : public FormularioInforme {

@@ -1,30 +1,16 @@
 #include "frmsumassaldos.h"
 
 #include "data/global.h"
+#include "frmextractos.h"
 #include "sumassaldos.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
 
-namespace {
-using C = CampoInforme::Clase;
-using L = CampoInforme::Limite;
-const QList<CampoInforme> kCampos{
-    {5, QStringLiteral("Delegación:"), C::Delegacion,
-     QStringLiteral("DELEGACIONES.codigo_delegacion"), 24},
-    {0, QStringLiteral("Diario:"), C::Texto, QStringLiteral("DIARIOS.codigo_diario"), 24},
-    {1, QStringLiteral("Cuenta:"), C::Cuenta, QStringLiteral("CUENTAS.cuenta"), 12, false,
-     L::Desde},
-    {2, QStringLiteral("Cuenta:"), C::Cuenta, QStringLiteral("CUENTAS.cuenta"), 12, true, L::Hasta},
-    {3, QStringLiteral("Fecha:"), C::Fecha, {}, 12, false, L::Desde},
-    {4, QStringLiteral("Fecha:"), C::Fecha, {}, 12, true, L::Hasta},
-};
-}  // namespace
-
 frmSumasSaldos::frmSumasSaldos()
     : FormularioInforme(QStringLiteral("frmSumasSaldos"),
-                        QStringLiteral("Balance de sumas y saldos"), kCampos) {
+                        QStringLiteral("Balance de sumas y saldos"), camposExtracto()) {
     chkMovimientos_ = new QCheckBox(QStringLiteral("Incluir cuentas sin movimientos"));
     chkMovimientos_->setObjectName(QStringLiteral("chkMovimientos"));
     rejilla()->addWidget(chkMovimientos_, filas(), 0, 1, -1);
