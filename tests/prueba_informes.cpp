@@ -253,6 +253,28 @@ private slots:
         QCOMPARE(generacionTemporal("Extractos"), generacion);
     }
 
+    // The long read of exports gives each value of the kind a Recordset gives, from which an
+    // export chooses a number's or a text's form: whole numbers, amounts, accents, Null.
+    void lecturaLarga() {
+        llenarExtractos(criterioExtracto({}));
+        sesion_temporal->execute("UPDATE Extractos SET titulo = NULL WHERE cuenta = '57200001'");
+        const QString consulta =
+            "SELECT cuenta, numero_apunte, debe, titulo FROM Extractos "
+            "ORDER BY cuenta, fecha_apunte, numero_documento";
+        Lectura lectura = sesion_temporal->leer(consulta);
+        QCOMPARE(lectura.columnas(), (QStringList{"cuenta", "numero_apunte", "debe", "titulo"}));
+        QCOMPARE(lectura.total(), qint64(13));
+        std::vector<QVariant> fila;
+        for (Recordset rs = sesion_temporal->open(consulta); !rs.eof(); rs.moveNext()) {
+            QVERIFY(lectura.leer(fila));
+            for (int i = 0; i < rs.fieldCount(); ++i) {
+                QCOMPARE(fila[size_t(i)].typeId(), rs.value(i).typeId());
+                QCOMPARE(fila[size_t(i)], rs.value(i));
+            }
+        }
+        QVERIFY(!lectura.leer(fila));
+    }
+
     // The statement as printed: the balance brought forward, the balance after each line and
     // the account's totals, checked by hand.
     void extractoImpreso() {

@@ -2,10 +2,13 @@
 
 #include "udl.h"
 
+#include <sqlite3.h>
 #include <QAtomicInt>
 #include <QSet>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QSqlRecord>
 #include <QUrl>
 
 namespace {
@@ -86,6 +89,13 @@ void Conexion::abrirSqlite(const DescripcionAlmacen& d) {
     // An entry saved inside a larger transaction is a savepoint: its undo pages stay in memory
     // instead of a temporary file written and read back for every entry.
     ejecutarDirecto(QStringLiteral("PRAGMA temp_store = MEMORY"));
+    // Long reads speak to SQLite directly when Qt's driver runs on the library this program
+    // links (Debian's does); a driver with a copy of its own is left to do all the work.
+    const QVariant manejador = db_.driver()->handle();
+    QSqlQuery version = consultaDirecta(QStringLiteral("SELECT sqlite_version()"));
+    if (qstrcmp(manejador.typeName(), "sqlite3*") == 0 && version.next() &&
+        version.value(0).toString() == QLatin1StringView(sqlite3_libversion()))
+        sqlite_ = *static_cast<sqlite3* const*>(manejador.constData());
     if (d.soloLectura) return;
     ejecutarDirecto(QStringLiteral("PRAGMA journal_mode = WAL"));
     ejecutarDirecto(d.sincronoDesactivado ? QStringLiteral("PRAGMA synchronous = OFF")
@@ -128,6 +138,10 @@ int Conexion::execute(const QString& sql) {
 Recordset Conexion::open(const QString& sql, Cursor cursor) {
     const QString traducido = dialecto_.traducir(sql);
     if (tieneNul(traducido)) fallarTexto(kNul);
+    return abrir(traducido, cursor);
+}
+
+Recordset Conexion::abrir(const QString& traducido, Cursor cursor) {
     if (cursor == Cursor::Secuencial && dialecto_.proveedor() == Proveedor::PostgreSQL) {
         // The driver streams a PostgreSQL read only while nothing else runs on the connection;
         // a cursor of the server lets the walk and other statements take turns.
@@ -141,6 +155,21 @@ Recordset Conexion::open(const QString& sql, Cursor cursor) {
     q.setForwardOnly(true);
     if (!q.exec(traducido)) fallar(q.lastError());
     return Recordset(this, traducido, std::move(q), cursor);
+}
+
+Lectura Conexion::leer(const QString& sql) {
+    const QString traducido = dialecto_.traducir(sql);
+    if (tieneNul(traducido)) fallarTexto(kNul);
+    sqlite3* db = sqlite_;
+    if (!db) return Lectura(this, traducido, abrir(traducido, Cursor::Secuencial));
+    const QByteArray texto = traducido.toUtf8();
+    sqlite3_stmt* sentencia = nullptr;
+    const int r = sqlite3_prepare_v2(db, texto.constData(), int(texto.size()), &sentencia, nullptr);
+    if (r != SQLITE_OK) {
+        sqlite3_finalize(sentencia);
+        fallarSqlite(r, QString::fromUtf8(sqlite3_errmsg(db)));
+    }
+    return Lectura(this, traducido, sentencia);
 }
 
 QSqlQuery& Conexion::preparada(const QString& sql) {
@@ -394,6 +423,10 @@ void Conexion::fallar(const QSqlError& error) {
     bool numerico = false;
     const int numero = error.nativeErrorCode().toInt(&numerico);
     throw Error(numerico ? numero : errores::kAlmacen, errores_.first().descripcion);
+}
+
+void Conexion::fallarSqlite(int codigo, const QString& mensaje) {
+    fallar(QSqlError(QString(), mensaje, QSqlError::StatementError, QString::number(codigo)));
 }
 
 void Conexion::fallarTexto(const QString& descripcion) {

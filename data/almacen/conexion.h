@@ -2,6 +2,7 @@
 
 #include "dialecto.h"
 #include "error.h"
+#include "lectura.h"
 #include "recordset.h"
 
 #include <QHash>
@@ -15,6 +16,7 @@
 
 struct DescripcionAlmacen;
 class QSqlError;
+struct sqlite3;
 
 // Told the rows done so far, and the total first (-1 when it is not known).
 using AvanceFilas = std::function<void(qint64 hecho, qint64 total)>;
@@ -37,6 +39,8 @@ public:
     // Runs one statement; gives the number of rows it changed.
     int execute(const QString& sql);
     Recordset open(const QString& sql, Cursor cursor = Cursor::Estatico);
+    // A long read walked once, row by row, at the least cost per value the store allows.
+    Lectura leer(const QString& sql);
 
     // The writes of the entity classes and of the reports' temporary tables: one row with
     // bound values, so that no value can change the statement.
@@ -78,6 +82,11 @@ public:
 
 private:
     friend class Recordset;
+    friend class Lectura;
+    friend qint64 contarFilas(Conexion& conexion, const QString& traducida);
+    // Runs a statement already translated.
+    Recordset abrir(const QString& traducido, Cursor cursor);
+    [[noreturn]] void fallarSqlite(int codigo, const QString& mensaje);
     // Runs a statement of this layer's own, untranslated, and gives its query.
     QSqlQuery consultaDirecta(const QString& sql);
     void abrirSqlite(const DescripcionAlmacen& d);
@@ -101,6 +110,7 @@ private:
     std::unordered_map<QString, std::unique_ptr<QSqlQuery>> preparadas_;
     QList<ErrorAlmacen> errores_;
     int nivel_ = 0;
+    sqlite3* sqlite_ = nullptr;  // the SQLite library's own handle, when it is ours too
 };
 
 // One user action, one transaction: begun unless the caller already holds one (enTransaccion),

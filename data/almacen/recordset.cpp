@@ -116,17 +116,22 @@ void Recordset::moveNext() {
 int Recordset::recordCount() {
     if (cuenta_ >= 0) return cuenta_;
     if (!conexion_) return 0;
+    cuenta_ = int(contarFilas(*conexion_, sql_));
+    return cuenta_;
+}
+
+qint64 contarFilas(Conexion& conexion, const QString& traducida) {
     // The order of the rows does not change their number, and sorting a long read only to
     // count it would cost as much as the read itself.
-    QString sinOrden = sql_;
+    QString sinOrden = traducida;
     const qsizetype orden =
         sinOrden.lastIndexOf(QStringLiteral(" ORDER BY "), -1, Qt::CaseInsensitive);
     if (orden > 0 && sinOrden.indexOf(u')', orden) < 0 && sinOrden.indexOf(u'\'', orden) < 0)
         sinOrden.truncate(orden);
-    Recordset cuenta = conexion_->open(QStringLiteral("SELECT COUNT(*) FROM (") + sinOrden +
-                                       QStringLiteral(") recuento"));
-    cuenta_ = cuenta.eof() ? 0 : cuenta.value(0).toInt();
-    return cuenta_;
+    Recordset cuenta = conexion.abrir(
+        QStringLiteral("SELECT COUNT(*) FROM (") + sinOrden + QStringLiteral(") recuento"),
+        Cursor::Estatico);
+    return cuenta.eof() ? 0 : cuenta.value(0).toLongLong();
 }
 
 int Recordset::indiceDe(const QString& campo) const {

@@ -67,3 +67,6 @@ private:
     bool porLotes_ = false;  // valores_ holds whole rows, addressed by fila_
     int cuenta_ = -1;
 };
+
+// The number of rows of a read the store already runs as `traducida`, counted by the store.
+qint64 contarFilas(Conexion& conexion, const QString& traducida);

@@ -8,22 +8,14 @@
 namespace motor {
 
 FuenteConsulta::FuenteConsulta(Conexion& conexion, const QString& sql)
-    : rs_(conexion.open(sql, Cursor::Secuencial)) {
-    for (int i = 0; i < rs_.fieldCount(); ++i) columnas_ << rs_.fieldName(i);
-}
+    : lectura_(conexion.leer(sql)) {}
 
 bool FuenteConsulta::leer(std::vector<QVariant>& fila) {
-    if (!primera_ && !rs_.eof()) rs_.moveNext();
-    primera_ = false;
-    if (rs_.eof()) return false;
-    fila.resize(size_t(columnas_.size()));
-    for (int i = 0; i < columnas_.size(); ++i) fila[size_t(i)] = rs_.value(i);
-    return true;
+    return lectura_.leer(fila);
 }
 
 qint64 FuenteConsulta::total() {
-    if (total_ == -2) total_ = rs_.recordCount();
-    return total_;
+    return lectura_.total();
 }
 
 bool FuenteMemoria::leer(std::vector<QVariant>& fila) {

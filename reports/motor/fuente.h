@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/almacen/recordset.h"
+#include "data/almacen/lectura.h"
 
 #include <QStringList>
 #include <QVariant>
@@ -27,15 +27,12 @@ public:
 class FuenteConsulta : public FuenteFilas {
 public:
     FuenteConsulta(Conexion& conexion, const QString& sql);
-    QStringList columnas() const override { return columnas_; }
+    QStringList columnas() const override { return lectura_.columnas(); }
     bool leer(std::vector<QVariant>& fila) override;
     qint64 total() override;
 
 private:
-    Recordset rs_;
-    QStringList columnas_;
-    bool primera_ = true;
-    qint64 total_ = -2;
+    Lectura lectura_;
 };
 
 // Rows held in memory: tests, and the reports whose layout needs them all before the first.
