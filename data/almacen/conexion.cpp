@@ -83,12 +83,14 @@ void Conexion::abrirSqlite(const DescripcionAlmacen& d) {
     if (d.soloLectura) opciones += QStringLiteral(";QSQLITE_OPEN_READONLY");
     db_.setConnectOptions(opciones);
     if (!db_.open()) fallar(db_.lastError());
-    // The first read tells a file that is not a store at all.
-    ejecutarDirecto(QStringLiteral("SELECT COUNT(*) FROM sqlite_master"));
+    // The first read tells a file that is not a store at all, and whether it holds reports.
+    QSqlQuery informes = consultaDirecta(
+        QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE lower(name) = '") +
+        aTexto(esquema::tablas(esquema::Almacen::Temporal).front()->nombre).toLower() + u'\'');
+    const bool deInformes = informes.next() && informes.value(0).toInt() > 0;
+    informes.finish();
     ejecutarDirecto(QStringLiteral("PRAGMA case_sensitive_like = ON"));
-    // An entry saved inside a larger transaction is a savepoint: its undo pages stay in memory
-    // instead of a temporary file written and read back for every entry.
-    ejecutarDirecto(QStringLiteral("PRAGMA temp_store = MEMORY"));
+    ponerTemporalesEnArchivos(deInformes);
     // Long reads speak to SQLite directly when Qt's driver runs on the library this program
     // links (Debian's does); a driver with a copy of its own is left to do all the work.
     const QVariant manejador = db_.driver()->handle();
@@ -378,7 +380,18 @@ bool Conexion::mismasColumnas(const esquema::Tabla& tabla) {
     return true;
 }
 
+void Conexion::ponerTemporalesEnArchivos(bool archivos) {
+    // An entry saved inside a larger transaction is a savepoint: its undo pages stay in memory
+    // instead of a temporary file written and read back for every entry. A store of reports
+    // saves no entries; its work is sorting a million rows, which in memory would hold every
+    // row at once, and through files keeps to a few megabytes.
+    ejecutarDirecto(archivos ? QStringLiteral("PRAGMA temp_store = FILE")
+                             : QStringLiteral("PRAGMA temp_store = MEMORY"));
+}
+
 void Conexion::asegurarEsquema(esquema::Almacen almacen) {
+    if (almacen == esquema::Almacen::Temporal && dialecto_.proveedor() == Proveedor::SQLite)
+        ponerTemporalesEnArchivos(true);
     // What the store already holds, by lower-case name: tables and indexes.
     QSqlQuery q(db_);
     const QString existentes =

@@ -94,6 +94,7 @@ private:
     QSqlQuery& preparada(const QString& sql);
     void vincular(QSqlQuery& consulta, const QVariantList& valores);
     void ejecutarDirecto(const QString& sql);
+    void ponerTemporalesEnArchivos(bool archivos);
     // Whether a table of the store has exactly the columns its declaration gives.
     bool mismasColumnas(const esquema::Tabla& tabla);
     qint64 llenarEnSqlite(const QString& tabla, const QStringList& columnas, Conexion& origen,
