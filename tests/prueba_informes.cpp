@@ -354,7 +354,6 @@ private slots:
                  documentos);
     }
 
-    // What each form tells the engine: file, title, formulas in their order, query.
     // Two entries of one date and number, one per document and one in another branch, print
     // under a heading each, their lines never mixed.
     void asientosDelMismoNumero() {
@@ -385,6 +384,7 @@ private slots:
                                         "2 FAC EMP"}));
     }
 
+    // What each form tells the engine: file, title, formulas in their order, query.
     void peticiones_data() {
         QTest::addColumn<QString>("formulario");
         QTest::addColumn<QStringList>("campos");
