@@ -49,6 +49,29 @@ private Q_SLOTS:
                "SUM(debe-haber) <> 0 ORDER BY cuenta"
             << "SELECT cuenta, SUM(debe-haber) AS saldo FROM Apuntes GROUP BY cuenta HAVING "
                "SUM(debe-haber) <> 0 ORDER BY cuenta";
+        QTest::newRow("beginning of an account: a range beside the LIKE")
+            << "SELECT * FROM Cuentas WHERE codigo_empresa = 'E' AND cuenta LIKE '43%' ORDER BY "
+               "cuenta"
+            << "SELECT * FROM Cuentas WHERE codigo_empresa = 'E' AND (cuenta >= '43' AND cuenta < "
+               "'44' AND cuenta LIKE '43%') ORDER BY cuenta";
+        QTest::newRow("last digit 9, qualified column, in parentheses")
+            << "SELECT a.cuenta FROM Apuntes a WHERE (a.cuenta like '4309%' OR a.cuenta LIKE '6%')"
+            << "SELECT a.cuenta FROM Apuntes a WHERE ((a.cuenta >= '4309' AND a.cuenta < '430:' "
+               "AND a.cuenta like '4309%') OR (a.cuenta >= '6' AND a.cuenta < '7' AND a.cuenta "
+               "LIKE '6%'))";
+        QTest::newRow("the next character an apostrophe, quoted")
+            << "SELECT 1 FROM t WHERE c LIKE '4&%'"
+            << "SELECT 1 FROM t WHERE (c >= '4&' AND c < '4''' AND c LIKE '4&%')";
+        for (const char* igual :
+             {"SELECT 1 FROM t WHERE codigo_documento LIKE 'FA%'",  // letters: case apart
+              "SELECT 1 FROM t WHERE cuenta LIKE '4_0%'",           // wildcard inside
+              "SELECT 1 FROM t WHERE cuenta LIKE '43'",             // no beginning
+              "SELECT 1 FROM t WHERE cuenta NOT LIKE '43%'",
+              "SELECT 1 FROM t WHERE cuenta LIKE '43%' ESCAPE '!'",
+              "SELECT 1 FROM t WHERE x || cuenta LIKE '43%'",  // LIKE of the whole sum
+              "SELECT 1 FROM t WHERE cuenta LIKE '4''%'",
+              "SELECT 1 FROM t WHERE concepto = 'WHERE cuenta LIKE ''43%'''"})
+            QTest::addRow("LIKE left alone: %s", igual) << igual << igual;
         QTest::newRow("SQL-looking text inside a value is data")
             << "SELECT * FROM Personal WHERE nombre = 'LEFT(x, 2) GROUP BY 1, ''a'''"
             << "SELECT * FROM Personal WHERE nombre = 'LEFT(x, 2) GROUP BY 1, ''a'''";

@@ -275,6 +275,31 @@ private slots:
         QVERIFY(!lectura.leer(fila));
     }
 
+    // An account's beginning in a criterion runs as a range the index answers, and still finds
+    // exactly the accounts that begin so, those at the edges of the range too.
+    void cuentasPorComienzo_data() {
+        QTest::addColumn<QString>("comienzo");
+        QTest::addColumn<QStringList>("esperadas");
+        QTest::newRow("08") << "08"
+                            << QStringList{"08", "08/", "080", "08000001", "089", "0890", "08:"};
+        QTest::newRow("ending in 9") << "089" << QStringList{"089", "0890"};
+    }
+    void cuentasPorComienzo() {
+        QFETCH(QString, comienzo);
+        QFETCH(QStringList, esperadas);
+        // Outside the chart of the company, which has no account beginning with 0.
+        for (const char* c :
+             {"0", "07999999", "08", "08/", "080", "08000001", "089", "0890", "08:", "09"})
+            cuentas::Insert(*sesion_conexion, "EMP", c, "Límite", "S", 8, "PRUEBA");
+        QStringList halladas;
+        for (Recordset rs = sesion_conexion->open(
+                 "SELECT cuenta FROM Cuentas WHERE codigo_empresa = 'EMP' AND cuenta LIKE '" +
+                 comienzo + "%' ORDER BY cuenta");
+             !rs.eof(); rs.moveNext())
+            halladas << rs.value(0).toString();
+        QCOMPARE(halladas, esperadas);
+    }
+
     // The statement as printed: the balance brought forward, the balance after each line and
     // the account's totals, checked by hand.
     void extractoImpreso() {

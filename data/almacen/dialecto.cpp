@@ -1,6 +1,9 @@
 #include "dialecto.h"
 
+#include "sql.h"
+
 #include <QRegularExpression>
+#include <algorithm>
 
 namespace {
 
@@ -118,6 +121,71 @@ QString traducirGroupBy(QString sql) {
     }
 }
 
+// The words after which a condition starts, so that a LIKE there is a whole condition.
+bool abreCondicion(const QString& mascara, qsizetype antes) {
+    qsizetype fin = antes;
+    while (fin > 0 && mascara[fin - 1].isSpace()) --fin;
+    if (fin == 0 || mascara[fin - 1] == u'(') return true;
+    qsizetype inicio = fin;
+    while (inicio > 0 && (mascara[inicio - 1].isLetterOrNumber() || mascara[inicio - 1] == u'_'))
+        --inicio;
+    static const QStringList palabras = {
+        QStringLiteral("WHERE"), QStringLiteral("AND"),  QStringLiteral("OR"),
+        QStringLiteral("NOT"),   QStringLiteral("ON"),   QStringLiteral("HAVING"),
+        QStringLiteral("WHEN"),  QStringLiteral("THEN"), QStringLiteral("ELSE")};
+    return palabras.contains(mascara.mid(inicio, fin - inicio), Qt::CaseInsensitive);
+}
+
+// Whether what follows a LIKE's pattern leaves the condition whole: the end, a parenthesis
+// that closes, or a word other than one that would extend the pattern.
+bool cierraCondicion(const QString& mascara, qsizetype despues) {
+    qsizetype i = despues;
+    while (i < mascara.size() && mascara[i].isSpace()) ++i;
+    if (i == mascara.size() || mascara[i] == u')' || mascara[i] == u';') return true;
+    if (!mascara[i].isLetter()) return false;
+    static const QRegularExpression extiende(QStringLiteral(R"(^(ESCAPE|COLLATE)\b)"),
+                                             QRegularExpression::CaseInsensitiveOption);
+    return !extiende.match(QStringView(mascara).mid(i)).hasMatch();
+}
+
+// "col LIKE 'p%'" where p is all digits and marks (no wildcard, no letter, whose case the
+// stores would treat apart) also bounds col to the range of texts that begin with p, which
+// an index on col answers; the LIKE stays, so the rows found are those of the text.
+QString traducirLike(QString sql) {
+    static const QRegularExpression patron(
+        QStringLiteral(R"((?<![\w.])([A-Za-z_]\w*(?:\.[A-Za-z_]\w*)?)\s+LIKE\s+'(_*)')"),
+        QRegularExpression::CaseInsensitiveOption);
+    qsizetype desde = 0;
+    for (;;) {
+        const QString mascara = mascaraLiterales(sql);
+        const QRegularExpressionMatch m = patron.match(mascara, desde);
+        if (!m.hasMatch()) return sql;
+        desde = m.capturedEnd();
+        const QString columna = m.captured(1);
+        const QString texto = sql.mid(m.capturedStart(2), m.capturedLength(2));
+        if (columna.compare(u"NOT", Qt::CaseInsensitive) == 0 || !texto.endsWith(u'%') ||
+            !abreCondicion(mascara, m.capturedStart(1)) ||
+            !cierraCondicion(mascara, m.capturedEnd()))
+            continue;
+        const QString prefijo = texto.chopped(1);
+        const bool aptos = std::all_of(prefijo.begin(), prefijo.end(), [](QChar c) {
+            return c != u'%' && c != u'_' && c != u'\'' && !c.isLetter();
+        });
+        // The next text after every one that begins with the prefix: its last character one
+        // higher, which must stay a character of its own and not a blank the store ignores.
+        if (prefijo.isEmpty() || !aptos || prefijo.back() <= u' ' || prefijo.back() >= u'\xD7FF')
+            continue;
+        QString siguiente = prefijo;
+        siguiente.back() = QChar(siguiente.back().unicode() + 1);
+        const QString condicion = sql.mid(m.capturedStart(), m.capturedLength());
+        const QString rango = u'(' + columna + QStringLiteral(" >= ") + sqlTexto(prefijo) +
+                              QStringLiteral(" AND ") + columna + QStringLiteral(" < ") +
+                              sqlTexto(siguiente) + QStringLiteral(" AND ") + condicion + u')';
+        sql.replace(m.capturedStart(), m.capturedLength(), rango);
+        desde = m.capturedStart() + rango.size();
+    }
+}
+
 }  // namespace
 
 QString mascaraLiterales(const QString& sql) {
@@ -140,7 +208,7 @@ QString mascaraLiterales(const QString& sql) {
 }
 
 QString Dialecto::traducir(const QString& jet) const {
-    return traducirGroupBy(traducirLeft(traducirDeleteJoin(jet)));
+    return traducirGroupBy(traducirLeft(traducirLike(traducirDeleteJoin(jet))));
 }
 
 QString Dialecto::tipo(esquema::Tipo t) const {

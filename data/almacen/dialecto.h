@@ -13,7 +13,9 @@ enum class Proveedor { SQLite, PostgreSQL };
 // Translations, applied outside string literals only:
 //  - "DELETE t.* FROM a INNER JOIN t ON c WHERE w" becomes a DELETE with an EXISTS subquery;
 //  - LEFT(x, n) becomes SUBSTR(x, 1, n);
-//  - constants in a GROUP BY list are dropped (both stores read them as column positions).
+//  - constants in a GROUP BY list are dropped (both stores read them as column positions);
+//  - "col LIKE '43%'", a beginning without wildcards or letters, also bounds col to a range
+//    ("col >= '43' AND col < '44'"), so that an index on col answers it.
 // Text compared without trailing blanks and table names in any case need no translation:
 // the column types and the stores' rules for unquoted names give them.
 class Dialecto {
