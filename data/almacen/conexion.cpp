@@ -250,7 +250,8 @@ qint64 Conexion::llenarEnSqlite(const QString& tabla, const QStringList& columna
             fallar(q.lastError());
         q.addBindValue(QUrl::fromLocalFile(archivo).toString(QUrl::FullyEncoded) +
                        QStringLiteral("?mode=ro"));
-        if (!q.exec()) fallar(q.lastError());
+        // A file SQLite will not attach from here still fills, through this program.
+        if (!q.exec()) return llenarPorFilas(tabla, columnas, origen, consulta, avance);
     }
     // Whatever happens below: an unfinished fill rolled back, the file let go.
     struct Cierre {
