@@ -26,7 +26,7 @@ QString criterioLibroDiario(const CriteriosLibroDiario& c) {
 }
 
 qint64 llenarLibroDiario(const QString& criterio, const Avance& avance) {
-    // In the order the report reads them, so that its sort finds them in place.
+    // In no order, as the statement's: the report's reading sorts them.
     return llenarDesdePrincipal(
         esquema::LibroDiario,
         QStringLiteral("SELECT l.fecha_apunte, l.numero_documento, l.numero_apunte, l.cuenta, "
@@ -34,9 +34,7 @@ qint64 llenarLibroDiario(const QString& criterio, const Avance& avance) {
                        "l.codigo_delegacion FROM (SELECT fecha_apunte, numero_documento, "
                        "numero_apunte, cuenta, concepto, debe, haber, codigo_documento, "
                        "codigo_delegacion FROM Apuntes WHERE ") +
-            criterio + QStringLiteral(") l") + conTitulos() +
-            QStringLiteral(" ORDER BY l.fecha_apunte, l.numero_documento, l.codigo_documento, "
-                           "l.codigo_delegacion, l.numero_apunte"),
+            criterio + QStringLiteral(") l") + conTitulos(),
         avance);
 }
 
