@@ -5,6 +5,7 @@
 #include "comun/almacen_prueba.h"
 #include "comun/empresa_prueba.h"
 #include "comun/gui_prueba.h"
+#include "comun/informe_prueba.h"
 #include "data/almacen/programa.h"
 #include "data/almacen/sql.h"
 #include "data/auxiliar.h"
@@ -113,21 +114,6 @@ CriteriosSumas sumas(std::initializer_list<int> niveles, const QString& desde = 
 
 int filasDelPlan(const QString& condicion) {
     return filas("Cuentas", "codigo_empresa = 'EMP' AND (" + condicion + ")");
-}
-
-// The printed lines of a report, each the texts of one height joined by " · ".
-QStringList impreso(const QString& archivo, const QStringList& formulas, const QString& consulta) {
-    const motor::Diseno d = motor::leerDiseno(programa::ruta("Reports/" + archivo));
-    motor::FuenteConsulta fuente(*sesion_temporal, consulta);
-    motor::Paginador paginador(d, motor::leerFormulas(formulas), fuente);
-    QStringList lineas;
-    motor::Pagina p;
-    while (paginador.siguiente(p)) {
-        QMap<int, QStringList> porAltura;
-        for (const motor::Trazo& t : p.textos) porAltura[qRound(t.caja.y() * 10)] << t.texto;
-        for (const QStringList& l : porAltura) lineas << l.join(" · ");
-    }
-    return lineas;
 }
 
 QString lineaQueEmpieza(const QStringList& lineas, const QString& inicio) {
@@ -239,7 +225,7 @@ private slots:
         llenarSumasSaldos(c);
         const QStringList f = formulasSumas(c);
         QCOMPARE(f.value(1), QString("niveles = 1"));
-        const QStringList lineas = impreso("SumasSaldos.rpt", f, consultaSumas());
+        const QStringList lineas = paginasImpresas("SumasSaldos.rpt", f, consultaSumas());
         QCOMPARE(lineaQueEmpieza(lineas, "Total balance"),
                  QString("Total balance · 0,00 · 8.913,00 · 8.913,00 · 0,00"));
         QCOMPARE(lineaQueEmpieza(lineas, "430 · "),
@@ -326,8 +312,8 @@ private slots:
                         {"EMP", "0000099", fecha(31, 12), 5, "68100000", 0, 150},
                         {"EMP", "0000099", fecha(31, 12), 6, "12900000", 0, 1300}});
             llenarBalanceSituacion({});
-            const QStringList s = impreso("BalanceSituacionAbreviado.rpt", formulasSituacion({}),
-                                          consultaSituacion());
+            const QStringList s = paginasImpresas("BalanceSituacionAbreviado.rpt",
+                                                  formulasSituacion({}), consultaSituacion());
             QCOMPARE(lineaQueEmpieza(s, "ACTIVO"), "ACTIVO · " + a + " · " + b);
             QCOMPARE(lineaQueEmpieza(s, "TOTAL ACTIVO"),
                      QString("TOTAL ACTIVO (A + B) · 4.144,00 · 11.210,00"));
@@ -350,7 +336,7 @@ private slots:
             ResultadosPyG r;
             llenarBalancePyG({}, r);
             const QStringList p =
-                impreso("BalancePyGAbreviado.rpt", formulasPyG({}, r), consultaPyG());
+                paginasImpresas("BalancePyGAbreviado.rpt", formulasPyG({}, r), consultaPyG());
             for (const char* esperada :
                  {"1. Importe neto de la cifra de negocios · 2.000,00 · 1.000,00",
                   "4. Aprovisionamientos · (400,00)", "7. Otros gastos de explotación · (50,00)",

@@ -4,6 +4,7 @@
 #include "comun/almacen_prueba.h"
 #include "comun/empresa_prueba.h"
 #include "comun/gui_prueba.h"
+#include "comun/informe_prueba.h"
 #include "data/almacen/programa.h"
 #include "data/entidades/apuntes.h"
 #include "data/entidades/cuentas.h"
@@ -104,22 +105,6 @@ QStringList filasTemporales(const QString& consulta, const QStringList& campos) 
         filas << f.join(u'|');
     }
     return filas;
-}
-
-// The printed lines of a report, each the texts of one height joined by " · ".
-QStringList paginasImpresas(const QString& archivo, const QStringList& formulas,
-                            const QString& consulta) {
-    const motor::Diseno d = motor::leerDiseno(programa::ruta("Reports/" + archivo));
-    motor::FuenteConsulta fuente(*sesion_temporal, consulta);
-    motor::Paginador paginador(d, motor::leerFormulas(formulas), fuente);
-    QStringList lineas;
-    motor::Pagina p;
-    while (paginador.siguiente(p)) {
-        QMap<int, QStringList> porAltura;
-        for (const motor::Trazo& t : p.textos) porAltura[qRound(t.caja.y() * 10)] << t.texto;
-        for (const QStringList& l : porAltura) lineas << l.join(" · ");
-    }
-    return lineas;
 }
 
 // The preview window the last run opened, or null.
