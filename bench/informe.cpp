@@ -1,14 +1,20 @@
 // Runs one report over an existing store without a window, through the same code as its form:
 // the criteria, the filling of the temporary table, the formulas, the query and the engine.
 //
-//   informe CARPETA extracto|diario|sumas|situacion|pyg [criterios] [salidas] [--tiempos]
+//   informe CARPETA extracto|diario|sumas|situacion|pyg|libroiva|resumeniva|terceros
+//           [criterios] [salidas] [--tiempos]
 //
 // Criteria: --empresa E (default B), --delegacion D (the session's branch; default the
 // company's code), --ejercicio N (default 2026), --delegaciones "B,B2", --diarios "VEN,COM",
 // --desde dd/mm/aaaa, --hasta dd/mm/aaaa, --cuenta-desde C, --cuenta-hasta C (the "." rule
 // applies), --por-diario (statement), --tipo-documento T, --documento-desde N,
 // --documento-hasta N (journal), --niveles 1,2,3,8 and --con-movimientos (trial balance;
-// without --niveles only the posting accounts' level, as the form opens).
+// without --niveles only the posting accounts' level, as the form opens), --cantidad N (third
+// parties; default 3005.06).
+// Tax agency files: terceros --aeat347 F writes the model 347 of the session's company and the
+// calendar year its fiscal year begins in (all branches), --telefono T and --contacto C
+// instead of the company's; libroiva --libros-aeat F.xlsx (or F.csv, two files) writes the
+// VAT record books of the company over --desde/--hasta.
 // Outputs: --csv F, --xlsx F, --pdf F, --png-primera F (the first page as a picture), --texto F
 // (every page's printed lines as text, the texts of one height joined by " · "), any of
 // them. The CSV is the machine format, every column of the temporary table under its name, as
@@ -23,6 +29,9 @@
 #include "reports/balances.h"
 #include "reports/extracto.h"
 #include "reports/librodiario.h"
+#include "reports/libroiva.h"
+#include "reports/librosaeat.h"
+#include "reports/modelo347.h"
 #include "reports/motor/exportar.h"
 #include "reports/motor/fuente.h"
 #include "reports/motor/paginador.h"
@@ -49,17 +58,20 @@ struct Opciones {
     CriteriosSumas sumas;
     QString niveles;  // "1,2,3,8"
     QString csv, xlsx, pdf, png, texto;
+    QString cantidad, aeat347, telefono, contacto, librosAeat;
     bool tiempos = false;
 };
 
 void uso() {
     std::fputs(
-        "Uso: informe CARPETA extracto|diario|sumas|situacion|pyg [--empresa E]\n"
+        "Uso: informe CARPETA extracto|diario|sumas|situacion|pyg|libroiva|resumeniva|terceros\n"
+        "       [--empresa E]\n"
         "       [--delegacion D] [--ejercicio N]\n"
         "       [--delegaciones L] [--diarios L] [--desde F] [--hasta F]\n"
         "       [--cuenta-desde C] [--cuenta-hasta C] [--por-diario]\n"
         "       [--tipo-documento T] [--documento-desde N] [--documento-hasta N]\n"
-        "       [--niveles 1,2,3,8] [--con-movimientos]\n"
+        "       [--niveles 1,2,3,8] [--con-movimientos] [--cantidad N]\n"
+        "       [--aeat347 F [--telefono T] [--contacto C]] [--libros-aeat F.xlsx|F.csv]\n"
         "       [--csv F] [--xlsx F] [--pdf F] [--png-primera F] [--texto F] [--tiempos]\n",
         stderr);
 }
@@ -104,7 +116,8 @@ bool leer(int argc, char** argv, Opciones& o) {
     o.carpeta = QString::fromLocal8Bit(argv[1]);
     o.informe = QString::fromLocal8Bit(argv[2]);
     if (!QStringList{QStringLiteral("extracto"), QStringLiteral("diario"), QStringLiteral("sumas"),
-                     QStringLiteral("situacion"), QStringLiteral("pyg")}
+                     QStringLiteral("situacion"), QStringLiteral("pyg"), QStringLiteral("libroiva"),
+                     QStringLiteral("resumeniva"), QStringLiteral("terceros")}
              .contains(o.informe))
         return false;
     for (int i = 3; i < argc; ++i) {
@@ -149,6 +162,16 @@ bool leer(int argc, char** argv, Opciones& o) {
             o.niveles = v;
         else if (a == "--documento-hasta")
             o.diario.documentoHasta = v;
+        else if (a == "--cantidad")
+            o.cantidad = v;
+        else if (a == "--aeat347")
+            o.aeat347 = v;
+        else if (a == "--telefono")
+            o.telefono = v;
+        else if (a == "--contacto")
+            o.contacto = v;
+        else if (a == "--libros-aeat")
+            o.librosAeat = v;
         else if (a == "--csv")
             o.csv = v;
         else if (a == "--xlsx")
@@ -253,6 +276,21 @@ Ejecucion preparar(Opciones& o) {
                 [&c] { return llenarSumasSaldos(c); }, [&c] { return formulasSumas(c); },
                 consultaSumas()};
     }
+    if (o.informe == u"libroiva" || o.informe == u"resumeniva") {
+        const CriteriosLibroIva c{o.extracto.fechaDesde, o.extracto.fechaHasta};
+        const bool libro = o.informe == u"libroiva";
+        return {libro ? QStringLiteral("LibroIva.rpt") : QStringLiteral("ResumenIva.rpt"),
+                libro ? QStringLiteral("Libro de IVA") : QStringLiteral("Resumen de IVA"),
+                [c] { return llenarLibroIva(c); }, [c] { return formulasLibroIva(c); },
+                libro ? consultaLibroIva() : consultaResumenIva()};
+    }
+    if (o.informe == u"terceros") {
+        const CriteriosTerceros c{o.extracto.fechaDesde, o.extracto.fechaHasta, o.cantidad};
+        return {QStringLiteral("OperacionesTerceros.rpt"),
+                QStringLiteral("Operaciones con terceros"),
+                [c] { return llenarOperacionesTerceros(c); }, [c] { return formulasTerceros(c); },
+                consultaTerceros()};
+    }
     if (o.informe == u"situacion")
         return {QStringLiteral("BalanceSituacionAbreviado.rpt"),
                 QStringLiteral("Balance de situacion abreviado"),
@@ -265,8 +303,53 @@ Ejecucion preparar(Opciones& o) {
             [balance, resultados] { return formulasPyG(balance, *resultados); }, consultaPyG()};
 }
 
+// The files for the tax agency, through the same code as the forms' buttons; false after the
+// reason on the error output.
+bool archivosAeat(const Opciones& o) {
+    if (!o.aeat347.isEmpty()) {
+        Paso p(o, "modelo 347");
+        const Declaracion347 d =
+            calcular347(*sesion_conexion, sesion_empresa, sesion_fecha_inicial.left(4).toInt(),
+                        300506, o.telefono, o.contacto);
+        if (!d.faltas.isEmpty()) {
+            std::fprintf(stderr, "No se puede generar el modelo 347:\n%s\n",
+                         qPrintable(d.faltas.join(u'\n')));
+            return false;
+        }
+        QString error;
+        if (!escribir347(d, o.aeat347, error)) {
+            std::fprintf(stderr, "%s\n", qPrintable(error));
+            return false;
+        }
+        std::printf("Modelo 347: %lld declarados, %s euros\n", qint64(d.declarados.size()),
+                    qPrintable(QString::number(double(d.total()) / 100, 'f', 2)));
+    }
+    if (!o.librosAeat.isEmpty()) {
+        Paso p(o, "libros registro AEAT");
+        const PeriodoIva periodo = periodoLibroIva({o.extracto.fechaDesde, o.extracto.fechaHasta});
+        QString error;
+        qint64 filas = 0;
+        if (!escribirLibrosAeat(*sesion_conexion, sesion_empresa, periodo.desde, periodo.hasta,
+                                o.librosAeat, error, &filas)) {
+            std::fprintf(stderr, "%s\n", qPrintable(error));
+            return false;
+        }
+        std::printf("Libros registro: %lld filas\n", filas);
+    }
+    return true;
+}
+
 int ejecutar(Opciones& o) {
     abrirSesion(o);
+    if (!o.aeat347.isEmpty() && o.informe != u"terceros") {
+        std::fputs("--aeat347 va con el informe terceros.\n", stderr);
+        return 2;
+    }
+    if (!o.librosAeat.isEmpty() && o.informe != u"libroiva") {
+        std::fputs("--libros-aeat va con el informe libroiva.\n", stderr);
+        return 2;
+    }
+    if (!archivosAeat(o)) return 1;
     o.extracto.cuentaDesde = ExpandirCuenta(o.extracto.cuentaDesde, sesion_digitos);
     o.extracto.cuentaHasta = ExpandirCuenta(o.extracto.cuentaHasta, sesion_digitos);
     const Ejecucion e = preparar(o);
@@ -286,8 +369,7 @@ int ejecutar(Opciones& o) {
     const QStringList formulas = e.formulas();
     const auto valores = motor::leerFormulas(formulas);
     // The journal and the statement refuse an empty selection; the statements print anyway.
-    if (lineas == 0 && (o.informe == u"extracto" || o.informe == u"diario" ||
-                        o.informe == u"situacion" || o.informe == u"pyg")) {
+    if (lineas == 0 && o.informe != u"sumas") {
         std::fputs("No hay líneas con esos criterios.\n", stderr);
         return 1;
     }

@@ -164,16 +164,20 @@ void FormularioInforme::cancelar() {
     if (QWidget* primero = focusProxy()) primero->setFocus();
 }
 
-void FormularioInforme::imprimir() {
+bool FormularioInforme::criteriosValidos() {
     // A toolbar button takes no focus, so a date typed and not left yet is checked here.
     for (const CampoInforme& c : campos_) {
         if (esFecha(c) && !validar(c.indice)) {
             txt_[c.indice]->setFocus();
-            return;
+            return false;
         }
         if (c.clase == CampoInforme::Clase::Cuenta && txt_[c.indice]->hasFocus()) salir(c.indice);
     }
-    Protegido([this] { ejecutar(); });
+    return true;
+}
+
+void FormularioInforme::imprimir() {
+    if (criteriosValidos()) Protegido([this] { ejecutar(); });
 }
 
 void FormularioInforme::avanzar(qint64 hecho, qint64 total) {

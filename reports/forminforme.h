@@ -66,6 +66,9 @@ protected:
     QGridLayout* rejilla() const { return rejilla_; }
     int filas() const;
     QString texto(int i) const;
+    // The dates checked as on leaving them, an account not left yet expanded; false after
+    // the message, with the focus on the field.
+    bool criteriosValidos();
     // Prints the table just filled: Init, Configure with mode 1, the formulas, the query and
     // Execute.
     void imprimirTabla(const QString& archivo, const QString& titulo, const QStringList& formulas,

@@ -5,6 +5,7 @@
 #include "frmestructuras.h"
 #include "frmextractos.h"
 #include "frmlibrodiario.h"
+#include "frmlibroiva.h"
 #include "frmsumassaldos.h"
 
 void registrarFormulariosInformes() {
@@ -18,4 +19,7 @@ void registrarFormulariosInformes() {
     formularios::registrar(QStringLiteral("frmBalanceSituacion"),
                            [] { return new frmBalanceSituacion; });
     formularios::registrar(QStringLiteral("frmBalancePyG"), [] { return new frmBalancePyG; });
+    formularios::registrar(QStringLiteral("frmLibroIva"), [] { return new frmLibroIva; });
+    formularios::registrar(QStringLiteral("frmOperacionesTerceros"),
+                           [] { return new frmOperacionesTerceros; });
 }
