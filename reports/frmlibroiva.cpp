@@ -159,6 +159,7 @@ void frmOperacionesTerceros::pedirYGenerar() {
                           .toString());
     contacto->setObjectName(QStringLiteral("txtContacto"));
     contacto->setMaxLength(40);
+    contacto->setMinimumWidth(contacto->fontMetrics().averageCharWidth() * 42);
     auto* botones = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     botones->button(QDialogButtonBox::Ok)->setText(QStringLiteral("Generar…"));
     botones->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("Cancelar"));
