@@ -5,6 +5,7 @@
 #include "data/formato.h"
 #include "motor/valores.h"
 #include "nifestricto.h"
+#include "registroempresa.h"
 
 #include <xlsxwriter.h>
 #include <QDir>
@@ -110,11 +111,8 @@ struct Linea {
     }
 };
 
-// Grouped by invoice and rate, in the order of the books. The amounts become cents row by row
-// before they are added, so that the sums are exact. A party missing from Personal still has
-// its invoices in the books. The CROSS JOIN and the bound on the branch make the embedded
-// store walk the register by its key and join the journal lines in their order, as the model
-// 347 does (half the time of the plan it picks by itself).
+// Grouped by invoice and rate, in the order of the books. A party missing from Personal
+// still has its invoices in the books.
 QString consultaLibros(const QString& empresa, const QString& desde, const QString& hasta) {
     const QString libro = QStringLiteral("CASE WHEN r.tipo = 'V' THEN 'E' ELSE 'R' END");
     const QString orden = QStringLiteral(
@@ -123,25 +121,15 @@ QString consultaLibros(const QString& empresa, const QString& desde, const QStri
                               .arg(libro);
     return QStringLiteral(
                "SELECT a.fecha_documento, a.fecha_apunte, r.codigo_delegacion, "
-               "r.codigo_documento, r.numero_documento, r.codigo_personal, %1 AS libro, "
-               "p.nif, p.nombre, p.pais, r.pctiva, r.pctre, "
-               "SUM(ROUND(COALESCE(r.base, 0) * 100)) AS base, "
-               "SUM(ROUND(COALESCE(r.iva, 0) * 100)) AS iva, "
-               "SUM(ROUND(COALESCE(r.re, 0) * 100)) AS re "
-               "FROM (RegistroIva r CROSS JOIN Apuntes a) "
-               "LEFT JOIN Personal p ON p.codigo_empresa = r.codigo_empresa "
-               "AND p.codigo = r.codigo_personal "
-               "WHERE a.codigo_empresa = r.codigo_empresa "
-               "AND a.codigo_delegacion = r.codigo_delegacion "
-               "AND a.codigo_documento = r.codigo_documento "
-               "AND a.numero_documento = r.numero_documento "
-               "AND a.numero_apunte = r.numero_apunte "
-               "AND r.codigo_empresa = %3 AND r.codigo_delegacion >= '' "
-               "AND r.tipo IN ('C', 'V', 'I') "
-               "AND a.fecha_documento BETWEEN %4 AND %5 "
-               "GROUP BY %2, a.fecha_apunte, p.nif, p.nombre, p.pais "
-               "ORDER BY %2")
-        .arg(libro, orden, sqlTexto(empresa), sqlTexto(desde), sqlTexto(hasta));
+               "r.codigo_documento, r.numero_documento, r.codigo_personal, "
+               "%1 AS libro, p.nif, p.nombre, p.pais, r.pctiva, r.pctre, "
+               "SUM(%2) AS base, SUM(%3) AS iva, SUM(%4) AS re ")
+               .arg(libro, centimosRegistro(QStringLiteral("base")),
+                    centimosRegistro(QStringLiteral("iva")),
+                    centimosRegistro(QStringLiteral("re"))) +
+           registroDeEmpresa(empresa, desde, hasta, false) +
+           QStringLiteral("GROUP BY %1, a.fecha_apunte, p.nif, p.nombre, p.pais ORDER BY %1")
+               .arg(orden);
 }
 
 // Tipo and Código País of the party's identifier: empty for a Spanish one; a party abroad

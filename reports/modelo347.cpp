@@ -3,6 +3,7 @@
 #include "data/almacen/conexion.h"
 #include "data/almacen/sql.h"
 #include "nifestricto.h"
+#include "registroempresa.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -14,33 +15,21 @@
 
 namespace {
 
-// One row per party, key and quarter: the register's rows of the year joined to their journal
-// line (for the invoice date) and to their party, without the entries that withhold tax from
-// that same party. Each amount is made cents before it is added, so that the sums are exact
-// whatever dust the stored doubles carry.
-// The embedded store takes a CROSS JOIN's order as given and the bound on the branch, always
-// true, makes it walk the register by its key: the register in entry order, and the journal
-// lines it joins in theirs. By the party's index both were read at random, in twice the time.
-// PostgreSQL plans either way alike.
+// One row per party, key and quarter: the register's rows of the year with their invoice date
+// and party, without the entries that withhold tax from that same party.
 QString consulta347(const QString& empresa, int anio) {
     const QString clave = QStringLiteral("CASE WHEN r.tipo = 'V' THEN 'B' ELSE 'A' END");
     const QString trimestre =
         QStringLiteral("(CAST(SUBSTR(a.fecha_documento, 5, 2) AS INTEGER) + 2) / 3");
     return QStringLiteral(
-               "SELECT p.codigo, p.nif, p.nombre, p.cp, p.pais, %1 AS clave, %2 AS trimestre, "
-               "SUM(ROUND(COALESCE(r.base, 0) * 100) + ROUND(COALESCE(r.iva, 0) * 100) + "
-               "ROUND(COALESCE(r.re, 0) * 100)) AS centimos "
-               "FROM (RegistroIva r CROSS JOIN Apuntes a) "
-               "INNER JOIN Personal p ON p.codigo_empresa = r.codigo_empresa "
-               "AND p.codigo = r.codigo_personal "
-               "WHERE a.codigo_empresa = r.codigo_empresa "
-               "AND a.codigo_delegacion = r.codigo_delegacion "
-               "AND a.codigo_documento = r.codigo_documento "
-               "AND a.numero_documento = r.numero_documento "
-               "AND a.numero_apunte = r.numero_apunte "
-               "AND r.codigo_empresa = %3 AND r.codigo_delegacion >= '' "
-               "AND r.tipo IN ('C', 'V', 'I') "
-               "AND a.fecha_documento BETWEEN %4 AND %5 "
+               "SELECT p.codigo, p.nif, p.nombre, p.cp, p.pais, %1 AS clave, "
+               "%2 AS trimestre, SUM(%3 + %4 + %5) AS centimos ")
+               .arg(clave, trimestre, centimosRegistro(QStringLiteral("base")),
+                    centimosRegistro(QStringLiteral("iva")),
+                    centimosRegistro(QStringLiteral("re"))) +
+           registroDeEmpresa(empresa, QString::number(anio) + QStringLiteral("0101"),
+                             QString::number(anio) + QStringLiteral("1231"), true) +
+           QStringLiteral(
                "AND NOT EXISTS (SELECT 1 FROM RegistroIrpf i "
                "WHERE i.codigo_empresa = r.codigo_empresa "
                "AND i.codigo_delegacion = r.codigo_delegacion "
@@ -49,9 +38,7 @@ QString consulta347(const QString& empresa, int anio) {
                "AND i.codigo_personal = r.codigo_personal) "
                "GROUP BY p.codigo, p.nif, p.nombre, p.cp, p.pais, %1, %2 "
                "ORDER BY p.codigo")
-        .arg(clave, trimestre, sqlTexto(empresa),
-             sqlTexto(QString::number(anio) + QStringLiteral("0101")),
-             sqlTexto(QString::number(anio) + QStringLiteral("1231")));
+               .arg(clave, trimestre);
 }
 
 bool espanol(const QString& pais) {
