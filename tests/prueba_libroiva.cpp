@@ -19,6 +19,7 @@
 
 #include <QDate>
 #include <QLineEdit>
+#include <QTemporaryDir>
 #include <QtTest>
 
 Q_DECLARE_METATYPE(CriteriosTerceros)
@@ -247,6 +248,26 @@ private Q_SLOTS:
         QCOMPARE(peticion.trabajos.size(), 3);
         QCOMPARE(peticion.trabajos[2].consulta, consultaTerceros());
         QCOMPARE(filasTemporal(consultaTerceros()).size(), 4);
+
+        // The model 347 of the whole company: a company without a telephone is told so and
+        // nothing is written; with one typed, the parties of both branches that reach the
+        // threshold, CLI1 by adding them, each key apart.
+        QTemporaryDir dir;
+        const QString ruta = dir.filePath("347.txt");
+        buzon.vaciar();
+        QVERIFY(!terceros->generarModelo347(ruta, "", ""));
+        QVERIFY2(buzon.ultimo().contains("Teléfono de contacto"), qPrintable(buzon.ultimo()));
+        QVERIFY(!QFile::exists(ruta));
+        QVERIFY(terceros->generarModelo347(ruta, "912 345 678", "García López, Ana"));
+        QFile archivo(ruta);
+        QVERIFY(archivo.open(QIODevice::ReadOnly));
+        QStringList declarados;
+        for (const QByteArray& r : archivo.readAll().split('\n').mid(1, 5))
+            declarados << QString::fromLatin1(r.mid(17, 9) + r.mid(81, 17));
+        QCOMPARE(declarados,
+                 QStringList({"A58818501A 000000001210000", "X1234567LA 000000000504800",
+                              "00000023TB 000000000605000", "12345678ZB 000000000312606",
+                              "X1234567LB 000000000363000"}));
     }
 };
 
