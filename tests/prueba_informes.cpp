@@ -126,20 +126,6 @@ QStringList lineasCsv(const QString& ruta) {
     return lineas;
 }
 
-// What a form asked the engine for, instead of a window.
-struct Peticion {
-    Peticion() {
-        anterior = establecerMostrador([this](const TrabajoInforme& t, DestinoInforme d) {
-            trabajos << t;
-            destinos << d;
-        });
-    }
-    ~Peticion() { establecerMostrador(anterior); }
-    QList<TrabajoInforme> trabajos;
-    QList<DestinoInforme> destinos;
-    MostradorInformes anterior;
-};
-
 }  // namespace
 
 class PruebaInformes : public QObject {

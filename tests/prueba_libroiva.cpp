@@ -14,7 +14,6 @@
 #include "forms/formularios.h"
 #include "reports/formularios_informes.h"
 #include "reports/frmlibroiva.h"
-#include "reports/informes.h"
 #include "reports/libroiva.h"
 
 #include <QDate>
@@ -105,17 +104,6 @@ bool contiene(const QStringList& lineas, const QString& texto) {
         if (l.contains(texto)) return true;
     return false;
 }
-
-// What a form asked the engine for, instead of a window.
-struct Peticion {
-    Peticion() {
-        anterior =
-            establecerMostrador([this](const TrabajoInforme& t, DestinoInforme) { trabajos << t; });
-    }
-    ~Peticion() { establecerMostrador(anterior); }
-    QList<TrabajoInforme> trabajos;
-    MostradorInformes anterior;
-};
 
 }  // namespace
 

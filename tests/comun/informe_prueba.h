@@ -2,6 +2,7 @@
 
 #include "data/almacen/programa.h"
 #include "data/global.h"
+#include "reports/informes.h"
 #include "reports/motor/fuente.h"
 #include "reports/motor/paginador.h"
 
@@ -24,3 +25,19 @@ inline QStringList paginasImpresas(const QString& archivo, const QStringList& fo
     }
     return lineas;
 }
+
+// What a form asked the engine for, instead of a window.
+struct Peticion {
+    Peticion() {
+        anterior = establecerMostrador([this](const TrabajoInforme& t, DestinoInforme d) {
+            trabajos << t;
+            destinos << d;
+        });
+    }
+    ~Peticion() { establecerMostrador(anterior); }
+    Peticion(const Peticion&) = delete;
+    Peticion& operator=(const Peticion&) = delete;
+    QList<TrabajoInforme> trabajos;
+    QList<DestinoInforme> destinos;
+    MostradorInformes anterior;
+};
