@@ -8,6 +8,7 @@
 #include "session/principal.h"
 #include "session/sesion.h"
 #include "setup/formularios_empresa.h"
+#include "yearend/formularios_cierre.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -24,6 +25,7 @@ int main(int argc, char* argv[]) {
     registrarFormulariosCartera();
     registrarFormulariosAsientos();
     registrarFormulariosInformes();
+    registrarFormulariosCierre();
     VentanasPrograma ventanas;
     int resultado = Main(ventanas);
     if (resultado == 0 && principal()) resultado = QApplication::exec();

@@ -21,11 +21,19 @@
 // the checks of a book read it; the XLSX is the preview's, the report's exported columns under
 // their printed titles. --tiempos prints, for each step, its seconds and the peak memory of
 // the process during it.
+//
+// The year end of the session's year, through the same classes and checks as its forms:
+//   informe CARPETA regularizar --cuenta C [--documento D]   (the "." rule applies to C)
+//   informe CARPETA cerrar [--documento-cierre D] [--documento-apertura D]
+//   informe CARPETA invertir
+// each printing what it posted, or the form's message and a non-zero exit when refused.
 
 #include "data/almacen/programa.h"
+#include "data/almacen/sql.h"
 #include "data/arranque.h"
 #include "data/auxiliar.h"
 #include "data/global.h"
+#include "data/mensajes.h"
 #include "reports/balances.h"
 #include "reports/extracto.h"
 #include "reports/librodiario.h"
@@ -37,6 +45,8 @@
 #include "reports/motor/paginador.h"
 #include "reports/motor/pintor.h"
 #include "reports/sumassaldos.h"
+#include "yearend/cierre.h"
+#include "yearend/regularizacion.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -59,6 +69,7 @@ struct Opciones {
     QString niveles;  // "1,2,3,8"
     QString csv, xlsx, pdf, png, texto;
     QString cantidad, aeat347, telefono, contacto, librosAeat;
+    QString cuenta, documento, documentoCierre, documentoApertura;
     bool tiempos = false;
 };
 
@@ -72,7 +83,10 @@ void uso() {
         "       [--tipo-documento T] [--documento-desde N] [--documento-hasta N]\n"
         "       [--niveles 1,2,3,8] [--con-movimientos] [--cantidad N]\n"
         "       [--aeat347 F [--telefono T] [--contacto C]] [--libros-aeat F.xlsx|F.csv]\n"
-        "       [--csv F] [--xlsx F] [--pdf F] [--png-primera F] [--texto F] [--tiempos]\n",
+        "       [--csv F] [--xlsx F] [--pdf F] [--png-primera F] [--texto F] [--tiempos]\n"
+        "       informe CARPETA regularizar --cuenta C [--documento D]\n"
+        "       informe CARPETA cerrar [--documento-cierre D] [--documento-apertura D]\n"
+        "       informe CARPETA invertir   [--empresa E] [--ejercicio N] [--tiempos]\n",
         stderr);
 }
 
@@ -117,7 +131,9 @@ bool leer(int argc, char** argv, Opciones& o) {
     o.informe = QString::fromLocal8Bit(argv[2]);
     if (!QStringList{QStringLiteral("extracto"), QStringLiteral("diario"), QStringLiteral("sumas"),
                      QStringLiteral("situacion"), QStringLiteral("pyg"), QStringLiteral("libroiva"),
-                     QStringLiteral("resumeniva"), QStringLiteral("terceros")}
+                     QStringLiteral("resumeniva"), QStringLiteral("terceros"),
+                     QStringLiteral("regularizar"), QStringLiteral("cerrar"),
+                     QStringLiteral("invertir")}
              .contains(o.informe))
         return false;
     for (int i = 3; i < argc; ++i) {
@@ -172,6 +188,14 @@ bool leer(int argc, char** argv, Opciones& o) {
             o.contacto = v;
         else if (a == "--libros-aeat")
             o.librosAeat = v;
+        else if (a == "--cuenta")
+            o.cuenta = v;
+        else if (a == "--documento")
+            o.documento = v;
+        else if (a == "--documento-cierre")
+            o.documentoCierre = v;
+        else if (a == "--documento-apertura")
+            o.documentoApertura = v;
         else if (a == "--csv")
             o.csv = v;
         else if (a == "--xlsx")
@@ -339,8 +363,97 @@ bool archivosAeat(const Opciones& o) {
     return true;
 }
 
+// A refusal of a year-end form: its message on the error output.
+int rechazo(const QString& mensaje) {
+    std::fprintf(stderr, "%s\n", qPrintable(mensaje));
+    return 1;
+}
+
+int cierreEjercicio(const Opciones& o) {
+    const qint16 anio = qint16(sesion_ejercicio);
+    if (o.informe == u"regularizar") {
+        const QString cuenta = ExpandirCuenta(o.cuenta, sesion_digitos);
+        if (cuenta.isEmpty()) return rechazo(MensajeError(1000));
+        const QString condicion = QStringLiteral("codigo_empresa = ") + sqlTexto(sesion_empresa) +
+                                  QStringLiteral(" AND cuenta = ") + sqlTexto(cuenta);
+        if (Auxiliar::vBuscarCampo(QStringLiteral("Cuentas"), QStringLiteral("descripcion"),
+                                   condicion, QStringLiteral("#"))
+                .toString() == u"#")
+            return rechazo(QStringLiteral("No existe la cuenta %1.").arg(cuenta));
+        if (marcaEjercicio(QStringLiteral("regularizado"), sesion_empresa, anio) == u"S")
+            return rechazo(QStringLiteral("El ejercicio ya ha sido regularizado."));
+        const QString documento =
+            o.documento.isEmpty() ? documentoRegularizacion(anio) : o.documento;
+        int lineas = 0;
+        {
+            Paso p(o, "regularización");
+            lineas = Regularizacion::Insert(*sesion_conexion, sesion_empresa, anio, cuenta,
+                                            documento, sesion_usuario, false);
+        }
+        if (lineas == 0) {
+            std::printf("Sin saldos en los grupos 6 y 7: no se ha contabilizado nada.\n");
+            return 0;
+        }
+        Recordset rs = Regularizacion::GetList(
+            *sesion_conexion,
+            QStringLiteral("codigo_empresa = %1 AND codigo_delegacion = %1 AND codigo_documento = "
+                           "%2 AND numero_documento = %3 AND cuenta = %4")
+                .arg(sqlTexto(sesion_empresa), sqlTexto(documento),
+                     sqlTexto(Regularizacion::numero), sqlTexto(cuenta)),
+            {});
+        double resultado = 0;
+        for (; !rs.eof(); rs.moveNext())
+            resultado +=
+                rs[QStringLiteral("haber")].toDouble() - rs[QStringLiteral("debe")].toDouble();
+        std::printf("Asiento de regularización %s %s: %d líneas; resultado en %s: %s\n",
+                    qPrintable(documento), qPrintable(Regularizacion::numero), lineas,
+                    qPrintable(cuenta), qPrintable(QString::number(resultado, 'f', 2)));
+        return 0;
+    }
+    if (o.informe == u"cerrar") {
+        if (marcaEjercicio(QStringLiteral("cerrado"), sesion_empresa, anio) == u"S")
+            return rechazo(QStringLiteral("El ejercicio ya ha sido cerrado."));
+        if (marcaEjercicio(QStringLiteral("regularizado"), sesion_empresa, anio) != u"S")
+            return rechazo(MensajeError(1047));
+        const bool habiaSiguiente =
+            marcaEjercicio(QStringLiteral("ejercicio"), sesion_empresa, anio + 1) != u"#";
+        const QString cierre =
+            o.documentoCierre.isEmpty() ? documentoCierre(anio) : o.documentoCierre;
+        const QString apertura =
+            o.documentoApertura.isEmpty() ? documentoApertura(anio) : o.documentoApertura;
+        int cuentas = 0;
+        {
+            Paso p(o, "cierre y apertura");
+            cuentas = Cierre::Insert(*sesion_conexion, sesion_empresa, anio, cierre, apertura,
+                                     sesion_usuario, false);
+        }
+        if (cuentas == 0) {
+            std::printf("Sin saldos en los grupos 1 a 5: no se ha contabilizado nada.\n");
+            return 0;
+        }
+        std::printf("Asientos de cierre %s %s y apertura %s %s: %d cuentas cada uno\n",
+                    qPrintable(cierre), qPrintable(Cierre::numeroCierre), qPrintable(apertura),
+                    qPrintable(Cierre::numeroApertura), cuentas);
+        if (!habiaSiguiente) std::printf("Creado el ejercicio %d.\n", anio + 1);
+        return 0;
+    }
+    {
+        Paso p(o, "inversión del cierre");
+        if (!InvertirCierre(*sesion_conexion, sesion_empresa, anio, sesion_usuario))
+            return rechazo(MensajeError(1048));
+    }
+    std::printf("Invertido el cierre del ejercicio %d: borrados %s, %s y %s.\n", int(anio),
+                qPrintable(documentoRegularizacion(anio)), qPrintable(documentoCierre(anio)),
+                qPrintable(documentoApertura(anio)));
+    return 0;
+}
+
 int ejecutar(Opciones& o) {
     abrirSesion(o);
+    if (QStringList{QStringLiteral("regularizar"), QStringLiteral("cerrar"),
+                    QStringLiteral("invertir")}
+            .contains(o.informe))
+        return cierreEjercicio(o);
     if (!o.aeat347.isEmpty() && o.informe != u"terceros") {
         std::fputs("--aeat347 va con el informe terceros.\n", stderr);
         return 2;

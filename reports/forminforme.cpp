@@ -128,7 +128,7 @@ bool esFecha(const CampoInforme& c) {
 
 bool FormularioInforme::validar(int i) {
     const CampoInforme* c = campo(i);
-    if (!c || !esFecha(*c)) return true;
+    if (!c || !esFecha(*c)) return comprobar(i);
     const QString t = txt_[i]->text();
     if (t.isEmpty()) return true;
     const auto fecha = formato::leerFecha(t);

@@ -73,6 +73,9 @@ protected:
     // Execute.
     void imprimirTabla(const QString& archivo, const QString& titulo, const QStringList& formulas,
                        const QString& consulta);
+    // A form's own check of a field on leaving it, after the dates': false keeps the focus
+    // in the field (after the form's message).
+    virtual bool comprobar(int) { return true; }
     // Told each row written, it moves the progress bar now and then, so that filling a
     // million rows does not spend its time drawing it.
     void avanzar(qint64 hecho, qint64 total);
