@@ -17,6 +17,9 @@ QStringList lineasGuardadas();
 class FalloProvocado {
 public:
     explicit FalloProvocado(int numero, QString tabla = QStringLiteral("Apuntes"));
+    // Any change: `evento` INSERT, UPDATE or DELETE of a row of `tabla` that meets
+    // `condicion`, written on NEW or OLD ("OLD.numero_documento = '0000000000'").
+    FalloProvocado(QString tabla, const QString& evento, const QString& condicion);
     ~FalloProvocado();
     FalloProvocado(const FalloProvocado&) = delete;
     FalloProvocado& operator=(const FalloProvocado&) = delete;
