@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QProgressBar>
 #include <QToolBar>
 
 FormularioCierre::FormularioCierre(const QString& nombre, const QString& titulo,
@@ -19,6 +20,8 @@ FormularioCierre::FormularioCierre(const QString& nombre, const QString& titulo,
     : FormularioInforme(nombre, titulo, campos) {
     ActivarBotones(barra(), {claves::insertar});
     DesactivarBotones(barra(), QStringList{claves::imprimir} + desactivadas);
+    // The entries are a few hundred lines at most: nothing for a bar to tell.
+    barraInformes()->hide();
     // The fields' checks first, as printing does, then the operation.
     connect(Boton(barra(), claves::insertar), &QAction::triggered, this, [this] { imprimir(); });
 }
