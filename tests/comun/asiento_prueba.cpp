@@ -32,20 +32,23 @@ void prepararAsientos() {
     sesion_final_bloqueo.clear();
 }
 
-FalloProvocado::FalloProvocado(int numero, QString tabla) : tabla_(std::move(tabla)) {
-    const QString n = QString::number(numero);
+FalloProvocado::FalloProvocado(int numero, QString tabla)
+    : FalloProvocado(std::move(tabla), "INSERT", "NEW.numero_apunte = " + QString::number(numero)) {
+}
+
+FalloProvocado::FalloProvocado(QString tabla, const QString& evento, const QString& condicion)
+    : tabla_(std::move(tabla)) {
     if (AlmacenPrueba::postgres()) {
+        // A BEFORE DELETE trigger that returns NEW (null) would skip the row without a failure.
         sesion_conexion->execute(
-            "CREATE FUNCTION fallo_provocado() RETURNS trigger AS $$ BEGIN IF NEW.numero_apunte "
-            "= " +
-            n +
-            " THEN RAISE EXCEPTION 'fallo provocado'; END IF; RETURN NEW; END $$ "
-            "LANGUAGE plpgsql");
-        sesion_conexion->execute("CREATE TRIGGER fallo_provocado BEFORE INSERT ON " + tabla_ +
-                                 " FOR EACH ROW EXECUTE FUNCTION fallo_provocado()");
+            "CREATE FUNCTION fallo_provocado() RETURNS trigger AS $$ BEGIN IF " + condicion +
+            " THEN RAISE EXCEPTION 'fallo provocado'; END IF; RETURN " +
+            (evento == "DELETE" ? "OLD" : "NEW") + "; END $$ LANGUAGE plpgsql");
+        sesion_conexion->execute("CREATE TRIGGER fallo_provocado BEFORE " + evento + " ON " +
+                                 tabla_ + " FOR EACH ROW EXECUTE FUNCTION fallo_provocado()");
     } else {
-        sesion_conexion->execute("CREATE TRIGGER fallo_provocado BEFORE INSERT ON " + tabla_ +
-                                 " WHEN NEW.numero_apunte = " + n +
+        sesion_conexion->execute("CREATE TRIGGER fallo_provocado BEFORE " + evento + " ON " +
+                                 tabla_ + " WHEN " + condicion +
                                  " BEGIN SELECT RAISE(ABORT, 'fallo provocado'); END");
     }
 }
