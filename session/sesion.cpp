@@ -7,6 +7,7 @@
 #include "frmlogin.h"
 #include "frmmain.h"
 #include "frmmenu.h"
+#include "frmmenususuarios.h"
 #include "frmsplash.h"
 #include "frmusuarios.h"
 #include "frmusuariosdelegaciones.h"
@@ -102,5 +103,6 @@ void registrarFormulariosSesion() {
     formularios::registrar(QStringLiteral("frmUsuarios"), [] { return nuevoFrmUsuarios(); });
     formularios::registrar(QStringLiteral("frmUsuariosDelegaciones"),
                            [] { return new frmUsuariosDelegaciones; });
+    formularios::registrar(QStringLiteral("frmMenusUsuarios"), [] { return new frmMenusUsuarios; });
     formularios::registrar(QStringLiteral("frmAbout"), [] { return new frmAbout; });
 }
