@@ -9,6 +9,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHash>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
@@ -44,6 +45,9 @@ frmMenusUsuarios::frmMenusUsuarios()
     arbol_ = new QTreeWidget(this);
     arbol_->setObjectName(QStringLiteral("TreeViewMenu"));
     arbol_->setHeaderHidden(true);
+    // Long descriptions scroll sideways rather than lose their ends.
+    arbol_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    arbol_->header()->setStretchLastSection(false);
     auto* etiquetaArbol = new QLabel(QStringLiteral("&Opció de menú"), this);
     rotular(etiquetaArbol, arbol_);
     rejilla->addWidget(etiquetaArbol, 3, 0, 1, 2);
@@ -103,7 +107,7 @@ frmMenusUsuarios::frmMenusUsuarios()
     empresas_->setCurrentIndex(-1);
     llenarArbol();
     setFocusProxy(empresas_);
-    tamanoInicial(520, 560);
+    tamanoInicial(600, 560);
 }
 
 void frmMenusUsuarios::llenarArbol() {
