@@ -6,6 +6,7 @@
 #include "comun/empresa_prueba.h"
 #include "comun/gui_prueba.h"
 #include "comun/informe_prueba.h"
+#include "comun/prueba_formularios.h"
 #include "data/almacen/programa.h"
 #include "data/almacen/sql.h"
 #include "data/auxiliar.h"
@@ -131,24 +132,12 @@ void reemplazarSituacion(const QList<QStringList>& filas) {
 
 }  // namespace
 
-class PruebaBalances : public QObject {
+class PruebaBalances : public PruebaFormularios {
     Q_OBJECT
-    std::unique_ptr<AlmacenPrueba> almacen;
+public:
+    PruebaBalances() : PruebaFormularios(registrarFormulariosInformes, crearLibro) {}
 
 private slots:
-    void initTestCase() {
-        CREAR_ALMACEN(almacen);
-        silenciarAvisosDePlataforma();
-        registrarFormulariosInformes();
-    }
-    void init() {
-        almacen->nuevo();
-        crearLibro();
-    }
-    void cleanup() {
-        for (Formulario* f : formularios::abiertos()) delete f->ventana();
-    }
-    void cleanupTestCase() { almacen.reset(); }
 
     void sumasYSaldos_data() {
         QTest::addColumn<CriteriosSumas>("criterios");

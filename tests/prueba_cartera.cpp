@@ -6,6 +6,7 @@
 #include "comun/asiento_prueba.h"
 #include "comun/empresa_prueba.h"
 #include "comun/gui_prueba.h"
+#include "comun/prueba_formularios.h"
 #include "data/entidades/acrdeu.h"
 #include "data/entidades/apuntes.h"
 #include "data/entidades/cartera.h"
@@ -137,23 +138,12 @@ QRadioButton* opcion(FormularioMantenimiento* f, const char* nombre) {
 
 Q_DECLARE_METATYPE(Respuesta)
 
-class PruebaCartera : public QObject {
+class PruebaCartera : public PruebaFormularios {
     Q_OBJECT
-    std::unique_ptr<AlmacenPrueba> almacen;
+public:
+    PruebaCartera() : PruebaFormularios(registrarFormulariosCartera, datosBase) {}
+
 private Q_SLOTS:
-    void initTestCase() {
-        CREAR_ALMACEN(almacen);
-        silenciarAvisosDePlataforma();
-        registrarFormulariosCartera();
-    }
-    void init() {
-        almacen->nuevo();
-        datosBase();
-    }
-    void cleanup() {
-        for (Formulario* f : formularios::abiertos()) delete f->ventana();
-    }
-    void cleanupTestCase() { almacen.reset(); }
 
     // A due date of the whole line, typed from the keyboard: stored on line 1 with the kind of
     // the third party and the options, the concept as typed, apostrophe and all. The new list

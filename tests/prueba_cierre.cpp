@@ -7,6 +7,7 @@
 #include "comun/empresa_prueba.h"
 #include "comun/gui_prueba.h"
 #include "comun/informe_prueba.h"
+#include "comun/prueba_formularios.h"
 #include "data/entidades/apuntes.h"
 #include "data/entidades/cuentas.h"
 #include "data/entidades/ejercicios.h"
@@ -136,24 +137,12 @@ void regularizarConForm(bool ver = false) {
 
 }  // namespace
 
-class PruebaCierre : public QObject {
+class PruebaCierre : public PruebaFormularios {
     Q_OBJECT
-    std::unique_ptr<AlmacenPrueba> almacen;
+public:
+    PruebaCierre() : PruebaFormularios(registrarFormulariosCierre, crearLibro) {}
 
 private Q_SLOTS:
-    void initTestCase() {
-        CREAR_ALMACEN(almacen);
-        silenciarAvisosDePlataforma();
-        registrarFormulariosCierre();
-    }
-    void init() {
-        almacen->nuevo();
-        crearLibro();
-    }
-    void cleanup() {
-        for (Formulario* f : formularios::abiertos()) delete f->ventana();
-    }
-    void cleanupTestCase() { almacen.reset(); }
 
     // The entry from the form: groups 6 and 7 of both branches in account order on their
     // opposite side, no line for the account back at zero, the result on 129 last; a year

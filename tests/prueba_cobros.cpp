@@ -7,6 +7,7 @@
 #include "comun/apunte_prueba.h"
 #include "comun/asiento_prueba.h"
 #include "comun/gui_prueba.h"
+#include "comun/prueba_formularios.h"
 #include "data/almacen/sql.h"
 #include "data/auxiliar.h"
 #include "data/entidades/acrdeu.h"
@@ -123,24 +124,18 @@ void venta() {
 
 }  // namespace
 
-class PruebaCobros : public QObject {
+class PruebaCobros : public PruebaFormularios {
     Q_OBJECT
-    std::unique_ptr<AlmacenPrueba> almacen;
+public:
+    PruebaCobros()
+        : PruebaFormularios(
+              [] {
+                  registrarFormulariosAsientos();
+                  registrarFormulariosCartera();
+              },
+              prepararCobros) {}
+
 private Q_SLOTS:
-    void initTestCase() {
-        CREAR_ALMACEN(almacen);
-        silenciarAvisosDePlataforma();
-        registrarFormulariosAsientos();
-        registrarFormulariosCartera();
-    }
-    void init() {
-        almacen->nuevo();
-        prepararCobros();
-    }
-    void cleanup() {
-        for (Formulario* f : formularios::abiertos()) delete f->ventana();
-    }
-    void cleanupTestCase() { almacen.reset(); }
 
     // The invoice: each half rounded on its own, so the items add up to a cent more than the
     // amount, and the total says so; an item by hand, taken back by a double click; a second

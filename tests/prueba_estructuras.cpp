@@ -6,6 +6,7 @@
 #include "comun/almacen_prueba.h"
 #include "comun/empresa_prueba.h"
 #include "comun/gui_prueba.h"
+#include "comun/prueba_formularios.h"
 #include "data/entidades/pergan.h"
 #include "data/entidades/situacion.h"
 #include "data/global.h"
@@ -58,23 +59,12 @@ void elegirFila(FormularioMantenimiento* f, int fila) {
 
 }  // namespace
 
-class PruebaEstructuras : public QObject {
+class PruebaEstructuras : public PruebaFormularios {
     Q_OBJECT
-    std::unique_ptr<AlmacenPrueba> almacen;
+public:
+    PruebaEstructuras() : PruebaFormularios(registrarFormulariosInformes, datosBase) {}
+
 private Q_SLOTS:
-    void initTestCase() {
-        CREAR_ALMACEN(almacen);
-        silenciarAvisosDePlataforma();
-        registrarFormulariosInformes();
-    }
-    void init() {
-        almacen->nuevo();
-        datosBase();
-    }
-    void cleanup() {
-        for (Formulario* f : formularios::abiertos()) delete f->ventana();
-    }
-    void cleanupTestCase() { almacen.reset(); }
 
     // Insert from the keyboard, the whole list, a change of the row chosen from it, and a
     // delete that asks about the line's title, No first.

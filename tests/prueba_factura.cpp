@@ -6,6 +6,7 @@
 #include "comun/apunte_prueba.h"
 #include "comun/asiento_prueba.h"
 #include "comun/gui_prueba.h"
+#include "comun/prueba_formularios.h"
 #include "comun/sesion_prueba.h"
 #include "data/entidades/acrdeu.h"
 #include "data/entidades/cuentas.h"
@@ -114,23 +115,12 @@ QStringList registrosIrpf() {
 
 }  // namespace
 
-class PruebaFactura : public QObject {
+class PruebaFactura : public PruebaFormularios {
     Q_OBJECT
-    std::unique_ptr<AlmacenPrueba> almacen;
+public:
+    PruebaFactura() : PruebaFormularios(registrarFormulariosAsientos, prepararFacturas) {}
+
 private Q_SLOTS:
-    void initTestCase() {
-        CREAR_ALMACEN(almacen);
-        silenciarAvisosDePlataforma();
-        registrarFormulariosAsientos();
-    }
-    void init() {
-        almacen->nuevo();
-        prepararFacturas();
-    }
-    void cleanup() {
-        for (Formulario* f : formularios::abiertos()) delete f->ventana();
-    }
-    void cleanupTestCase() { almacen.reset(); }
 
     // A gross amount typed once: the tax tab splits it, leaving the tab makes the lines, the
     // counterpart comes from the third party's role, F2 stores the lines and exactly one row

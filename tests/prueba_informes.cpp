@@ -5,6 +5,7 @@
 #include "comun/empresa_prueba.h"
 #include "comun/gui_prueba.h"
 #include "comun/informe_prueba.h"
+#include "comun/prueba_formularios.h"
 #include "data/almacen/programa.h"
 #include "data/entidades/apuntes.h"
 #include "data/entidades/cuentas.h"
@@ -128,24 +129,12 @@ QStringList lineasCsv(const QString& ruta) {
 
 }  // namespace
 
-class PruebaInformes : public QObject {
+class PruebaInformes : public PruebaFormularios {
     Q_OBJECT
-    std::unique_ptr<AlmacenPrueba> almacen;
+public:
+    PruebaInformes() : PruebaFormularios(registrarFormulariosInformes, crearLibro) {}
 
 private slots:
-    void initTestCase() {
-        CREAR_ALMACEN(almacen);
-        silenciarAvisosDePlataforma();
-        registrarFormulariosInformes();
-    }
-    void init() {
-        almacen->nuevo();
-        crearLibro();
-    }
-    void cleanup() {
-        for (Formulario* f : formularios::abiertos()) delete f->ventana();
-    }
-    void cleanupTestCase() { almacen.reset(); }
 
     void extracto_data() {
         QTest::addColumn<QString>("delegacionSesion");

@@ -5,6 +5,7 @@
 #include "comun/empresa_prueba.h"
 #include "comun/gui_prueba.h"
 #include "comun/informe_prueba.h"
+#include "comun/prueba_formularios.h"
 #include "data/almacen/sql.h"
 #include "data/entidades/apuntes.h"
 #include "data/entidades/personal.h"
@@ -107,24 +108,12 @@ bool contiene(const QStringList& lineas, const QString& texto) {
 
 }  // namespace
 
-class PruebaLibroIva : public QObject {
+class PruebaLibroIva : public PruebaFormularios {
     Q_OBJECT
-    std::unique_ptr<AlmacenPrueba> almacen;
+public:
+    PruebaLibroIva() : PruebaFormularios(registrarFormulariosInformes, crearRegistro) {}
 
 private Q_SLOTS:
-    void initTestCase() {
-        CREAR_ALMACEN(almacen);
-        silenciarAvisosDePlataforma();
-        registrarFormulariosInformes();
-    }
-    void init() {
-        almacen->nuevo();
-        crearRegistro();
-    }
-    void cleanup() {
-        for (Formulario* f : formularios::abiertos()) delete f->ventana();
-    }
-    void cleanupTestCase() { almacen.reset(); }
 
     // The book's rows in its order: the session's branch, the invoice dates of the period, a
     // row without its party or its line left out.

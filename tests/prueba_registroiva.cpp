@@ -6,6 +6,7 @@
 #include "comun/asiento_prueba.h"
 #include "comun/empresa_prueba.h"
 #include "comun/gui_prueba.h"
+#include "comun/prueba_formularios.h"
 #include "data/entidades/apuntes.h"
 #include "data/entidades/cuentas.h"
 #include "data/entidades/impuestos.h"
@@ -107,23 +108,12 @@ enum class Antes { Nada, FilaGuardada, CuentaCambiada, OtraDelegacion };
 Q_DECLARE_METATYPE(Antes)
 Q_DECLARE_METATYPE(Respuesta)
 
-class PruebaRegistroIva : public QObject {
+class PruebaRegistroIva : public PruebaFormularios {
     Q_OBJECT
-    std::unique_ptr<AlmacenPrueba> almacen;
+public:
+    PruebaRegistroIva() : PruebaFormularios(registrarFormulariosCartera, datosBase) {}
+
 private Q_SLOTS:
-    void initTestCase() {
-        CREAR_ALMACEN(almacen);
-        silenciarAvisosDePlataforma();
-        registrarFormulariosCartera();
-    }
-    void init() {
-        almacen->nuevo();
-        datosBase();
-    }
-    void cleanup() {
-        for (Formulario* f : formularios::abiertos()) delete f->ventana();
-    }
-    void cleanupTestCase() { almacen.reset(); }
 
     // The VAT line of an entry, typed from the keyboard: the tax chooses the kind of tax, the
     // rate computes the VAT, the row is stored for the branch and shows in the list as listing

@@ -5,6 +5,7 @@
 #include "comun/almacen_prueba.h"
 #include "comun/empresa_prueba.h"
 #include "comun/gui_prueba.h"
+#include "comun/prueba_formularios.h"
 #include "data/entidades/acrdeu.h"
 #include "data/entidades/cuentas.h"
 #include "data/entidades/formaspago.h"
@@ -65,20 +66,12 @@ void guardar(FormularioMantenimiento* f, QKeySequence tecla, const QList<int>& o
 
 }  // namespace
 
-class PruebaTerceros : public QObject {
+class PruebaTerceros : public PruebaFormularios {
     Q_OBJECT
-    std::unique_ptr<AlmacenPrueba> almacen;
+public:
+    PruebaTerceros() : PruebaFormularios(registrarFormulariosEmpresa, {}) {}
+
 private Q_SLOTS:
-    void initTestCase() {
-        CREAR_ALMACEN(almacen);
-        silenciarAvisosDePlataforma();
-        registrarFormulariosEmpresa();
-    }
-    void init() { almacen->nuevo(); }
-    void cleanup() {
-        for (Formulario* f : formularios::abiertos()) delete f->ventana();
-    }
-    void cleanupTestCase() { almacen.reset(); }
 
     // Each form from the keyboard: a new row, a change of the row loaded by its code, a filter
     // by a field, and a delete with its question; the store holds what the screen said.
