@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "auxiliar.h"
+#include "contrasenas.h"
 #include "entidades/entidad.h"
 #include "global.h"
 
@@ -18,6 +19,9 @@ void abrirAlmacenes() {
                                 }) == 0;
     Q_UNUSED(alSalir);
     sesion_conexion->asegurarEsquema(esquema::Almacen::Principal);
+    // A store written by an older version kept passwords as text: from its first start here
+    // it keeps only their hashes.
+    contrasenas::CifrarAntiguas(*sesion_conexion);
     sesion_temporal = std::make_unique<Conexion>(QStringLiteral("File name=Temporal.udl"));
     sesion_temporal->asegurarEsquema(esquema::Almacen::Temporal);
 }

@@ -5,7 +5,8 @@
 
 // Opens the main store ("File name=Saldeva.udl") and the temporary store ("File
 // name=Temporal.udl") into sesion_conexion and sesion_temporal, creating what is missing of
-// their schemas (a first start on a new SQLite file, or an empty PostgreSQL database).
+// their schemas (a first start on a new SQLite file, or an empty PostgreSQL database), and
+// replacing passwords kept as text by their hashes.
 void abrirAlmacenes();
 
 // Fills Menus from the template store's sysMenus when Menus is completely empty. A filled

@@ -7,7 +7,7 @@
 #   deps.sh bench  also ledger-cli and GNU time, which the benchmark runs beside Saldeva
 set -euo pipefail
 
-paquetes=(cmake ninja-build g++ qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql libgl-dev fonts-dejavu-core libxlsxwriter-dev qt6-translations-l10n)
+paquetes=(cmake ninja-build g++ qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql libgl-dev fonts-dejavu-core libxlsxwriter-dev qt6-translations-l10n libsodium-dev)
 [ "${1:-}" = "test" ] && paquetes+=(postgresql-15 poppler-utils unzip sqlite3)
 [ "${1:-}" = "bench" ] && paquetes+=(ledger time)
 

@@ -2,6 +2,7 @@
 
 #include "data/almacen/sql.h"
 #include "data/auxiliar.h"
+#include "data/contrasenas.h"
 #include "data/entidades/ejercicios.h"
 #include "data/entidades/usuariosdelegaciones.h"
 #include "data/global.h"
@@ -188,9 +189,11 @@ QString frmLogin::motivoRechazo(const QString& empresa, const QString& delegacio
                    .toString() != u"#";
     };
     const QString deEmpresa = QStringLiteral("codigo_empresa = ") + sqlTexto(empresa);
-    if (!hay(QStringLiteral("Usuarios"), QStringLiteral("codigo_usuario = ") + sqlTexto(usuario) +
-                                             QStringLiteral(" AND contraseña = ") +
-                                             sqlTexto(contrasena)))
+    const QString guardada =
+        Auxiliar::vBuscarCampo(QStringLiteral("Usuarios"), QStringLiteral("contraseña"),
+                               QStringLiteral("codigo_usuario = ") + sqlTexto(usuario), QString())
+            .toString();
+    if (!contrasenas::comprobar(guardada, contrasena))
         return QStringLiteral("Usuario o contraseña incorrectos.");
     if (!hay(QStringLiteral("Empresas"), deEmpresa))
         return QStringLiteral("No existe la empresa %1.").arg(empresa);

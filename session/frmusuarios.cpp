@@ -1,10 +1,10 @@
 #include "frmusuarios.h"
 
-#include "data/almacen/sql.h"
-#include "data/auxiliar.h"
 #include "data/entidades/usuarios.h"
 #include "data/global.h"
+#include "data/mensajes.h"
 #include "forms/mantenimiento.h"
+#include "forms/msgbox.h"
 
 #include <QLineEdit>
 
@@ -25,14 +25,15 @@ Declaracion declaracionUsuarios() {
          .obligatorio = true,
          .ancho = 20,
          .normalizar = mayusculas},
+        // Required on insert only (see AltaRegistro): left blank on modify it keeps the
+        // stored password. Never filtered by: the store holds only its hash.
         {.etiqueta = QStringLiteral("C&ontraseña:"),
          .columna = QStringLiteral("contraseña"),
-         .obligatorio = true,
          .ancho = 20,
-         .normalizar = mayusculas},
+         .normalizar = mayusculas,
+         .filtra = false},
     };
-    d.columnas = {{QStringLiteral("Código"), QStringLiteral("codigo_usuario"), 140},
-                  {QStringLiteral("Contraseña"), QStringLiteral("contraseña"), 140}};
+    d.columnas = {{QStringLiteral("Código"), QStringLiteral("codigo_usuario"), 140}};
     d.pregunta = [](const QString& codigo) {
         return QStringLiteral("¿Desea eliminar el usuario ") + codigo + u'?';
     };
@@ -53,16 +54,23 @@ Declaracion declaracionUsuarios() {
 
 class FrmUsuarios : public FormularioMantenimiento {
 public:
-    FrmUsuarios() : FormularioMantenimiento(declaracionUsuarios()) {}
+    FrmUsuarios() : FormularioMantenimiento(declaracionUsuarios()) {
+        txt(1)->setEchoMode(QLineEdit::Password);
+    }
+
+    void AltaRegistro() override {
+        if (txt(1)->text().isEmpty()) {
+            txt(1)->setFocus();
+            MsgBox(MensajeError(1000), Icono::Critico);
+            return;
+        }
+        FormularioMantenimiento::AltaRegistro();
+    }
 
 protected:
-    // The password follows the code: an unknown code empties it.
-    void cargarCodigo() override {
-        ponerTexto(1, Auxiliar::vBuscarCampo(
-                          QStringLiteral("Usuarios"), QStringLiteral("contraseña"),
-                          QStringLiteral("codigo_usuario = ") + sqlTexto(txt(0)->text()), QString())
-                          .toString());
-    }
+    // The stored password is a hash and is never shown: a code found leaves the field blank,
+    // ready for a new password or to be left as it is.
+    void cargarCodigo() override { ponerTexto(1, QString()); }
 };
 
 }  // namespace

@@ -2,6 +2,9 @@
 // failure of a store shows "Error al abrir la conexión." once and ends the run, never a crash.
 #include "comun/almacen_prueba.h"
 #include "data/almacen/programa.h"
+#include "data/almacen/sql.h"
+#include "data/contrasenas.h"
+#include "data/entidades/usuariosdelegaciones.h"
 #include "data/global.h"
 #include "forms/msgbox.h"
 #include "session/principal.h"
@@ -101,6 +104,41 @@ private Q_SLOTS:
         Arranque a = arrancar();
         QCOMPARE(a.mensajes, QStringList());
         QCOMPARE(filas("Menus"), 1);
+    }
+
+    // A store written by an older version keeps passwords as text: its first start here leaves
+    // only hashes, its users log in with the same passwords, and later starts change nothing.
+    void contrasenasAntiguasSeCifran() {
+        arrancar();
+        const QStringList claves{"CLAVE", "L'HOSPITALET", "CLAVE"};
+        for (int i = 0; i < claves.size(); ++i) {
+            const QString u = QStringLiteral("U%1").arg(i);
+            sesion_conexion->execute("INSERT INTO Usuarios (codigo_usuario, contraseña) VALUES ('" +
+                                     u + "', " + sqlTexto(claves[i]) + ")");
+            sesion_conexion->execute(
+                "INSERT INTO UsuariosDelegaciones (codigo_usuario, codigo_empresa, "
+                "codigo_delegacion, activo) VALUES ('" +
+                u + "', 'EMP', 'EMP', 1)");
+        }
+        almacen->cerrar();
+        QCOMPARE(arrancar().mensajes, QStringList());
+        QStringList guardadas;
+        for (Recordset rs = sesion_conexion->open("SELECT contraseña FROM Usuarios ORDER BY 1");
+             !rs.eof(); rs.moveNext())
+            guardadas << rs.value(0).toString();
+        QCOMPARE(guardadas.size(), 3);
+        for (const QString& g : guardadas) QVERIFY2(contrasenas::esCifrada(g), qPrintable(g));
+        QVERIFY(guardadas[0] != guardadas[2]);  // salted: the same password, two hashes
+        for (int i = 0; i < claves.size(); ++i) {
+            const QString u = QStringLiteral("U%1").arg(i);
+            QVERIFY(
+                UsuariosDelegaciones::ValidarUsuario(*sesion_conexion, "EMP", "EMP", u, claves[i]));
+            QVERIFY(!UsuariosDelegaciones::ValidarUsuario(*sesion_conexion, "EMP", "EMP", u,
+                                                          "' OR 'A'='A"));
+        }
+        almacen->cerrar();
+        arrancar();
+        QCOMPARE(filas("Usuarios", "contraseña = " + sqlTexto(guardadas[0])), 1);
     }
 
     void loginCanceladoTerminaSinMensaje() {

@@ -4,6 +4,8 @@
 #include "comun/empresa_prueba.h"
 #include "comun/gui_prueba.h"
 #include "data/almacen/programa.h"
+#include "data/almacen/sql.h"
+#include "data/contrasenas.h"
 #include "data/entidades/diarios.h"
 #include "data/global.h"
 #include "data/inifunc.h"
@@ -32,9 +34,14 @@ QStringList codigos(const ListaClaves* lista) {
 }
 
 QString contrasena(const QString& usuario) {
-    Recordset r = sesion_conexion->open("SELECT contraseña FROM Usuarios WHERE codigo_usuario = '" +
-                                        usuario + "'");
+    Recordset r = sesion_conexion->open("SELECT contraseña FROM Usuarios WHERE codigo_usuario = " +
+                                        sqlTexto(usuario));
     return r.eof() ? QStringLiteral("(no existe)") : r.value(0).toString();
+}
+
+// Whether the user's stored password is that text, through its hash.
+bool claveEs(const QString& usuario, const QString& texto) {
+    return contrasenas::comprobar(contrasena(usuario), texto);
 }
 
 // A company table on the engine: journals, with a check on the description and the code's
@@ -110,17 +117,20 @@ private Q_SLOTS:
         // Insert; the fields empty and the focus back on the code.
         teclear(f->txt(0), "BEA");
         escribir(f->txt(1), "SECRETA");
+        QCOMPARE(f->txt(1)->echoMode(), QLineEdit::Password);
         pulsar(kInsertar);
-        QCOMPARE(contrasena("BEA"), QStringLiteral("SECRETA"));
+        QVERIFY(claveEs("BEA", "SECRETA"));
+        QVERIFY(!contrasena("BEA").contains("SECRETA"));
         QCOMPARE(codigos(f->lista()), QStringList({"ANA", "BEA"}));
-        QCOMPARE(f->lista()->elemento("KBEA")->text(1), QStringLiteral("SECRETA"));
+        QCOMPARE(f->lista()->columnCount(), 1);  // no password column
         QCOMPARE(f->txt(0)->text(), QString());
         QCOMPARE(QApplication::focusWidget(), f->txt(0));
         QCOMPARE(filas("UsuariosDelegaciones", "codigo_usuario = 'BEA' AND activo = 0"), 2);
 
         // Leaving the code loads its row; inserting it again is refused and the fields stay.
         teclear(f->txt(0), "BEA");
-        QCOMPARE(f->txt(1)->text(), QStringLiteral("SECRETA"));
+        QCOMPARE(f->txt(1)->text(), QString());  // the stored password is never shown
+        escribir(f->txt(1), "OTRA");
         pulsar(kInsertar);
         QCOMPARE(buzon.textos, QStringList("Error no definido."));
         QCOMPARE(buzon.iconos, QList<Icono>{Icono::Critico});
@@ -129,8 +139,11 @@ private Q_SLOTS:
         // Modify, and modify of a code that is not there.
         escribir(f->txt(1), "NUEVA");
         pulsar(kModificar);
-        QCOMPARE(contrasena("BEA"), QStringLiteral("NUEVA"));
-        QCOMPARE(f->lista()->elemento("KBEA")->text(1), QStringLiteral("NUEVA"));
+        QVERIFY(claveEs("BEA", "NUEVA"));
+        // Modified with the password left blank, the user keeps it.
+        teclear(f->txt(0), "BEA");
+        pulsar(kModificar);
+        QVERIFY(claveEs("BEA", "NUEVA"));
         buzon.vaciar();
         teclear(f->txt(0), "NADIE");
         QCOMPARE(f->txt(1)->text(), QString());  // an unknown code empties the password
@@ -139,28 +152,25 @@ private Q_SLOTS:
         QCOMPARE(buzon.textos, QStringList("Error no definido."));
         QCOMPARE(contrasena("NADIE"), QStringLiteral("(no existe)"));
 
-        // Filter by equality on the fields typed.
+        // Filter by equality on the fields typed; never by the password, kept only as a hash.
         pulsar(kCancelar);
-        escribir(f->txt(1), "CLAVE");
-        pulsar(kFiltrar);
-        QCOMPARE(codigos(f->lista()), QStringList{"ANA"});
-        teclear(f->txt(0), "ANA");
+        escribir(f->txt(0), "ANA");
         escribir(f->txt(1), "NUEVA");
         pulsar(kFiltrar);
-        QCOMPARE(codigos(f->lista()), QStringList());
+        QCOMPARE(codigos(f->lista()), QStringList{"ANA"});
         pulsar(kCancelar);
         pulsar(kFiltrar);
         QCOMPARE(codigos(f->lista()), QStringList({"ANA", "BEA"}));
 
         // A record outside the filtered list is still modified; then the list says it lacks
         // the row, and the fields stay.
-        escribir(f->txt(1), "CLAVE");
+        escribir(f->txt(0), "ANA");
         pulsar(kFiltrar);
         buzon.vaciar();
         teclear(f->txt(0), "BEA");
         escribir(f->txt(1), "OTRA");
         pulsar(kModificar);
-        QCOMPARE(contrasena("BEA"), QStringLiteral("OTRA"));
+        QVERIFY(claveEs("BEA", "OTRA"));
         QCOMPARE(buzon.textos, QStringList("35601 - Elemento no encontrado"));
         QCOMPARE(f->txt(0)->text(), QStringLiteral("BEA"));
         escribir(f->txt(1), "NUEVA");
@@ -172,7 +182,7 @@ private Q_SLOTS:
         teclear(f->txt(0), "BEA");
         pulsar(kBorrar);
         QCOMPARE(buzon.textos, QStringList("¿Desea eliminar el usuario BEA?"));
-        QCOMPARE(contrasena("BEA"), QStringLiteral("NUEVA"));
+        QVERIFY(claveEs("BEA", "NUEVA"));
         QCOMPARE(f->txt(0)->text(), QString());
         buzon.respuestas << Respuesta::Si;
         teclear(f->txt(0), "BEA");
@@ -184,8 +194,11 @@ private Q_SLOTS:
         // Enter on a list row loads it.
         f->lista()->setFocus();
         f->lista()->setCurrentItem(f->lista()->topLevelItem(0));
+        escribir(f->txt(1), "RESTO");
+        f->lista()->setFocus();
         QTest::keyClick(f->lista(), Qt::Key_Return);
-        QCOMPARE(f->txt(1)->text(), QStringLiteral("CLAVE"));
+        QCOMPARE(f->txt(0)->text(), QStringLiteral("ANA"));
+        QCOMPARE(f->txt(1)->text(), QString());
     }
 
     void obligatorios_data() {
@@ -207,7 +220,10 @@ private Q_SLOTS:
         activar(f);
         escribir(f->txt(0), codigo);
         escribir(f->txt(1), clave);
-        for (const QKeySequence& tecla : {kInsertar, kModificar}) {
+        // A blank password is required to insert; on modify it keeps the stored one.
+        const QList<QKeySequence> teclas =
+            clave.isEmpty() ? QList{kInsertar} : QList{kInsertar, kModificar};
+        for (const QKeySequence& tecla : teclas) {
             buzon.vaciar();
             pulsar(tecla);
             QCOMPARE(buzon.textos, QStringList(MensajeError(1000)));
@@ -223,7 +239,7 @@ private Q_SLOTS:
         teclear(f->txt(0), "O'BRIEN");
         escribir(f->txt(1), "L'HOSPITALET");
         pulsar(kInsertar);
-        QCOMPARE(filas("Usuarios", "contraseña = 'L''HOSPITALET'"), 1);
+        QVERIFY(claveEs("O'BRIEN", "L'HOSPITALET"));
         escribir(f->txt(0), "O'BRIEN");
         pulsar(kFiltrar);
         QCOMPARE(codigos(f->lista()), QStringList{"O'BRIEN"});

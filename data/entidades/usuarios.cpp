@@ -1,6 +1,7 @@
 #include "usuarios.h"
 
 #include "data/almacen/sql.h"
+#include "data/contrasenas.h"
 
 using namespace entidad;
 
@@ -11,7 +12,8 @@ void Usuarios::Insert(Conexion& conexion, const QString& codigo_empresa,
     Q_UNUSED(codigo_empresa);
     Q_UNUSED(codigo_delegacion);
     ejecutar(conexion, Operacion::Insert, segun(enTransaccion), [&] {
-        insertar(conexion, esquema::Usuarios, {codigo_usuario, contrasena}, ultimo_usuario);
+        insertar(conexion, esquema::Usuarios, {codigo_usuario, contrasenas::cifrar(contrasena)},
+                 ultimo_usuario);
         const QString fecha = sqlTexto(hoy());
         const QString usuario = sqlTexto(ultimo_usuario);
         Recordset rs = conexion.open(
@@ -30,7 +32,14 @@ void Usuarios::Insert(Conexion& conexion, const QString& codigo_empresa,
 void Usuarios::Update(Conexion& conexion, const QString& codigo_usuario, const QString& contrasena,
                       const QString& ultimo_usuario) {
     ejecutar(conexion, Operacion::Update, Transaccional::No, [&] {
-        actualizar(conexion, esquema::Usuarios, {codigo_usuario, contrasena}, ultimo_usuario);
+        // A blank password keeps the stored one: the form never shows it, so a user saved
+        // without typing one has not asked for a change.
+        if (contrasena.isEmpty())
+            actualizarColumnas(conexion, esquema::Usuarios, {codigo_usuario}, {}, {},
+                               ultimo_usuario);
+        else
+            actualizar(conexion, esquema::Usuarios,
+                       {codigo_usuario, contrasenas::cifrar(contrasena)}, ultimo_usuario);
     });
 }
 

@@ -1,6 +1,7 @@
 #include "usuariosdelegaciones.h"
 
 #include "data/almacen/sql.h"
+#include "data/contrasenas.h"
 
 using namespace entidad;
 
@@ -33,8 +34,8 @@ bool UsuariosDelegaciones::ValidarUsuario(Conexion& conexion, const QString& cod
             sqlTexto(codigo_empresa + u' ') +
             QStringLiteral(") AND (UsuariosDelegaciones.codigo_delegacion=") +
             sqlTexto(codigo_delegacion) + QStringLiteral(") AND (Usuarios.codigo_usuario=") +
-            sqlTexto(codigo_usuario) + QStringLiteral(") AND (Usuarios.contraseña=") +
-            sqlTexto(contrasena) + QStringLiteral(") AND (UsuariosDelegaciones.activo <> 0)"));
-        return !rs.eof();
+            sqlTexto(codigo_usuario) + QStringLiteral(") AND (UsuariosDelegaciones.activo <> 0)"));
+        // The password never enters the statement: the stored hash is compared here.
+        return !rs.eof() && contrasenas::comprobar(rs.value(1).toString(), contrasena);
     });
 }

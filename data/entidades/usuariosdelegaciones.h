@@ -10,8 +10,9 @@ struct UsuariosDelegaciones {
                        const QString& ultimo_usuario);
     static Recordset GetList(Conexion& conexion, const QString& condicion, const QString& orden,
                              Cursor cursor = Cursor::Estatico);
-    // Whether the user, with that password, is allowed in the branch. Both are compared by the
-    // store as they come; the company code carries a trailing blank that the comparison ignores.
+    // Whether the user, with that password, is allowed in the branch. The codes are compared by
+    // the store as they come (the company code carries a trailing blank that the comparison
+    // ignores); the password through its stored hash.
     static bool ValidarUsuario(Conexion& conexion, const QString& codigo_empresa,
                                const QString& codigo_delegacion, const QString& codigo_usuario,
                                const QString& contrasena);
