@@ -14,8 +14,13 @@
 namespace formularios {
 namespace {
 
-QHash<QString, Fabrica>& fabricas() {
-    static QHash<QString, Fabrica> tabla;
+struct Registro {
+    QString nombre;  // as registered; the table's key is in capitals
+    Fabrica fabrica;
+};
+
+QHash<QString, Registro>& fabricas() {
+    static QHash<QString, Registro> tabla;
     return tabla;
 }
 
@@ -52,11 +57,18 @@ void traerAlFrente(Formulario* f) {
 }  // namespace
 
 void registrar(const QString& nombre, Fabrica fabrica) {
-    fabricas().insert(nombre.toUpper(), std::move(fabrica));
+    fabricas().insert(nombre.toUpper(), Registro{nombre, std::move(fabrica)});
 }
 
 bool registrado(const QString& nombre) {
     return fabricas().contains(nombre.trimmed().toUpper());
+}
+
+QStringList nombres() {
+    QStringList lista;
+    for (const Registro& r : std::as_const(fabricas())) lista << r.nombre;
+    lista.sort(Qt::CaseInsensitive);
+    return lista;
 }
 
 void establecerArea(QMdiArea* a) {
@@ -116,7 +128,7 @@ Formulario* abrir(const QString& nombre) {
         return nullptr;
     }
     QPointer<Formulario> formulario;
-    if (!Protegido([&] { formulario = (*fabrica)(); }) || !formulario) return nullptr;
+    if (!Protegido([&] { formulario = fabrica->fabrica(); }) || !formulario) return nullptr;
     mostrar(formulario);
     if (const QString falta = formulario ? formulario->faltaSesion() : QString();
         !falta.isEmpty()) {

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 class Formulario;
@@ -17,6 +18,8 @@ using Fabrica = std::function<Formulario*()>;
 
 void registrar(const QString& nombre, Fabrica fabrica);
 bool registrado(const QString& nombre);
+// The names of every registered form, as registered and in alphabetical order.
+QStringList nombres();
 
 void establecerArea(QMdiArea* area);
 QMdiArea* area();
