@@ -1,0 +1,194 @@
+// Damaged files of the program's folder: a store cut short or full of garbage, settings files
+// that are not settings, report layouts missing or broken, no icons. Each says so once, in
+// one box, writes nothing over what the user had, and the program goes on where it can.
+#include "comun/almacen_prueba.h"
+#include "comun/empresa_prueba.h"
+#include "comun/gui_prueba.h"
+#include "comun/informe_prueba.h"
+#include "comun/sesion_prueba.h"
+#include "data/almacen/programa.h"
+#include "data/arranque.h"
+#include "data/entidades/apuntes.h"
+#include "data/global.h"
+#include "data/inifunc.h"
+#include "forms/barra.h"
+#include "forms/formulario.h"
+#include "forms/formularios.h"
+#include "reports/forminforme.h"
+#include "reports/formularios_informes.h"
+#include "session/frmmain.h"
+#include "session/frmmenu.h"
+#include "session/principal.h"
+#include "session/sesion.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QRandomGenerator>
+#include <QToolBar>
+#include <QtTest>
+
+namespace {
+
+QByteArray leer(const QString& ruta) {
+    QFile f(ruta);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+void grabar(const QString& ruta, const QByteArray& bytes) {
+    QFile f(ruta);
+    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    f.write(bytes);
+}
+
+// The same bytes on every run, so that a failure can be looked at again.
+QByteArray basura(qsizetype n, quint32 semilla = 7) {
+    QRandomGenerator g(semilla);
+    QByteArray b(n, Qt::Uninitialized);
+    for (char& c : b) c = char(g.bounded(256));
+    return b;
+}
+
+// The start-up with stand-in windows: what it said, and whether it went as far as the login.
+struct Arranque {
+    int resultado = 0;
+    QStringList mensajes;
+    int logins = 0;
+};
+
+class SinVentanas : public VentanasSesion {
+public:
+    int* logins;
+    explicit SinVentanas(int* n) : logins(n) {}
+    bool login() override { return ++*logins, false; }
+    void mostrarPrincipal() override {}
+};
+
+Arranque arrancar() {
+    Arranque a;
+    Buzon buzon;
+    SinVentanas ventanas(&a.logins);
+    a.resultado = Main(ventanas);
+    for (qsizetype i = 0; i < buzon.textos.size(); ++i)
+        a.mensajes << buzon.textos[i] + (buzon.iconos[i] == Icono::Critico ? " [crítico]" : "");
+    return a;
+}
+
+const QString kConexion = QStringLiteral("Error al abrir la conexión.");
+const QString kSinLista = QStringLiteral("No existe una lista asociada.");
+
+// Qt's own warnings while it lives, but for the offscreen platform's about what it cannot do.
+struct Avisos {
+    Avisos() {
+        previo =
+            qInstallMessageHandler([](QtMsgType t, const QMessageLogContext&, const QString& s) {
+                if (t != QtDebugMsg && !s.startsWith("This plugin does not support")) textos() << s;
+            });
+        textos().clear();
+    }
+    ~Avisos() { qInstallMessageHandler(previo); }
+    static QStringList& textos() {
+        static QStringList t;
+        return t;
+    }
+    QtMessageHandler previo;
+};
+
+enum class Corte { Mitad, Cien, Basura, Vacio };
+
+}  // namespace
+
+Q_DECLARE_METATYPE(Corte)
+
+class PruebaDanados : public QObject {
+    Q_OBJECT
+    std::unique_ptr<AlmacenPrueba> almacen;
+    QString ruta(const QString& relativa) const { return almacen->carpeta() + u'/' + relativa; }
+
+private Q_SLOTS:
+    void initTestCase() {
+        CREAR_ALMACEN(almacen);
+        silenciarAvisosDePlataforma();
+        registrarFormulariosSesion();
+        registrarFormulariosInformes();
+    }
+    void init() {
+        almacen->nuevo();
+        SincronizarMenus();
+        crearEmpresaPrueba();
+    }
+    void cleanup() {
+        for (Formulario* f : formularios::abiertos()) delete f->ventana();
+        if (principal()) delete principal();
+        olvidarPrincipal();
+        almacen->escribir("Saldeva.udl", almacen->descripcionPrincipal());
+        almacen->escribir("Temporal.udl", "Provider=SQLite;Data Source=Dades/Temporales.db");
+        for (const char* archivo : {"Saldeva.ini", "Listas.ini"}) QFile::remove(ruta(archivo));
+        QDir(ruta("icons16")).removeRecursively();
+    }
+    void cleanupTestCase() { almacen.reset(); }
+
+    // A store file cut short or overwritten: SQLite would take an empty file for a new store
+    // and write the schema into it; the start-up must not open a damaged one at all, but name
+    // it and end, leaving every byte of it for whoever can recover it.
+    void almacenDanado_data() {
+        QTest::addColumn<QString>("udl");
+        QTest::addColumn<Corte>("corte");
+        QTest::newRow("store cut to half its size") << "Saldeva.udl" << Corte::Mitad;
+        QTest::newRow("store cut to 100 bytes") << "Saldeva.udl" << Corte::Cien;
+        QTest::newRow("store of random bytes") << "Saldeva.udl" << Corte::Basura;
+        QTest::newRow("store file empty") << "Saldeva.udl" << Corte::Vacio;
+        QTest::newRow("temporary store cut to half") << "Temporal.udl" << Corte::Mitad;
+        QTest::newRow("temporary store of random bytes") << "Temporal.udl" << Corte::Basura;
+    }
+    void almacenDanado() {
+        QFETCH(QString, udl);
+        QFETCH(Corte, corte);
+        almacen->cerrar();
+        // A sound SQLite store of the main schema, closed: its header tells its true size.
+        const QString archivo = ruta("Dades/Danado.db");
+        QFile::remove(archivo);
+        Conexion(QStringLiteral("Provider=SQLite;Data Source=") + archivo)
+            .asegurarEsquema(esquema::Almacen::Principal);
+        const QByteArray sano = leer(archivo);
+        QVERIFY(sano.size() > 8192);
+        QVERIFY(!QFile::exists(archivo + "-wal"));
+        QByteArray danado;
+        QString defecto;
+        const QString total = QString::number(sano.size());
+        switch (corte) {
+            case Corte::Mitad:
+                danado = sano.left(sano.size() / 2);
+                defecto = "está incompleto: tiene " + QString::number(danado.size()) +
+                          " bytes de los " + total + " que debe tener";
+                break;
+            case Corte::Cien:
+                danado = sano.left(100);
+                defecto = "está incompleto: tiene 100 bytes de los " + total + " que debe tener";
+                break;
+            case Corte::Basura:
+                danado = basura(sano.size());
+                defecto = "no es un almacén de datos";
+                break;
+            case Corte::Vacio:
+                defecto = "está vacío";
+                break;
+        }
+        grabar(archivo, danado);
+        almacen->escribir(udl, "Provider=SQLite;Data Source=Dades/Danado.db");
+
+        const Arranque a = arrancar();
+        QCOMPARE(a.mensajes, QStringList(kConexion + "\n\nEl archivo «" + archivo + "» " + defecto +
+                                         ". No se ha modificado. [crítico]"));
+        QCOMPARE(a.resultado, 1);
+        QCOMPARE(a.logins, 0);
+        QVERIFY(!sesion_conexion && !sesion_temporal);
+        QCOMPARE(leer(archivo), danado);
+        for (const char* lateral : {"-wal", "-shm", "-journal"})
+            QVERIFY2(!QFile::exists(archivo + lateral), lateral);
+    }
+};
+
+QTEST_MAIN(PruebaDanados)
+#include "prueba_danados.moc"
