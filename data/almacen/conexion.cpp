@@ -31,6 +31,17 @@ bool tieneNul(const QString& texto) {
 const QString kNul =
     QStringLiteral("El texto contiene un carácter nulo (NUL), que no se puede guardar.");
 
+const QString kPerdida = QStringLiteral(
+    "Se ha perdido la conexión con el servidor de datos y la operación no ha terminado. "
+    "Cuando el servidor vuelva a estar disponible, repítala: el programa vuelve a conectar "
+    "por sí mismo.");
+const QString kSinServidor = QStringLiteral(
+    "El servidor de datos sigue sin responder; no se ha hecho nada. Repita la operación "
+    "cuando vuelva a estar disponible.");
+
+// How long a statement waits for another process's lock on a SQLite file before it gives up.
+constexpr int kEsperaBloqueoMs = 30000;
+
 // The store's text, preceded by what it means for a bookkeeper where that is clear.
 QString explicar(const QSqlError& error, Proveedor proveedor) {
     const QString original = error.databaseText().isEmpty() ? error.text() : error.databaseText();
@@ -42,6 +53,16 @@ QString explicar(const QSqlError& error, Proveedor proveedor) {
         sentido = QStringLiteral("El archivo no es un almacén de datos válido.");
     else if (original.contains(QStringLiteral("database is locked")) || codigo == u"55P03")
         sentido = QStringLiteral("El almacén está ocupado por otro puesto; inténtelo de nuevo.");
+    else if (original.contains(QStringLiteral("database or disk is full")) || codigo == u"53100")
+        sentido = QStringLiteral(
+            "No queda espacio en el disco del almacén; no se ha guardado nada. Libere espacio y "
+            "repita la operación.");
+    else if (original.contains(QStringLiteral("readonly database")) || codigo == u"25006")
+        sentido = QStringLiteral(
+            "El almacén es de solo lectura (el disco o el archivo no admite escritura); no se "
+            "ha guardado nada.");
+    else if (original.contains(QStringLiteral("disk I/O error")))
+        sentido = QStringLiteral("El disco del almacén ha fallado al leer o escribir.");
     else if (proveedor == Proveedor::PostgreSQL && error.type() == QSqlError::ConnectionError)
         sentido = QStringLiteral("No se puede conectar con el servidor de datos.");
     return sentido.isEmpty() ? original : sentido + QStringLiteral(" [") + original + u']';
@@ -57,6 +78,7 @@ Conexion::Conexion(const QString& textoConexion) : texto_(textoConexion), nombre
             abrirSqlite(d);
         else
             abrirPostgres(d);
+        conectada_ = true;
     } catch (const Error&) {
         db_.close();
         db_ = QSqlDatabase();
@@ -67,7 +89,7 @@ Conexion::Conexion(const QString& textoConexion) : texto_(textoConexion), nombre
 
 Conexion::~Conexion() {
     preparadas_.clear();
-    if (db_.isOpen() && nivel_ > 0) QSqlQuery(db_).exec(QStringLiteral("ROLLBACK"));
+    if (db_.isOpen() && nivel_ > 0 && !perdida_) QSqlQuery(db_).exec(QStringLiteral("ROLLBACK"));
     db_.close();
     db_ = QSqlDatabase();
     QSqlDatabase::removeDatabase(nombre_);
@@ -79,7 +101,8 @@ void Conexion::abrirSqlite(const DescripcionAlmacen& d) {
     // Other workstations' processes and our own lookup connection share the file: wait for
     // a lock rather than fail at once. URIs let another store be attached read-only; the
     // store's own name, an absolute path, is never read as one.
-    QString opciones = QStringLiteral("QSQLITE_BUSY_TIMEOUT=30000;QSQLITE_OPEN_URI");
+    QString opciones = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1;QSQLITE_OPEN_URI")
+                           .arg(d.esperaBloqueoMs >= 0 ? d.esperaBloqueoMs : kEsperaBloqueoMs);
     if (d.soloLectura) opciones += QStringLiteral(";QSQLITE_OPEN_READONLY");
     db_.setConnectOptions(opciones);
     if (!db_.open()) fallar(db_.lastError());
@@ -112,9 +135,46 @@ void Conexion::abrirPostgres(const DescripcionAlmacen& d) {
     db_.setUserName(d.usuario);
     db_.setPassword(d.contrasena);
     db_.setConnectOptions(QStringLiteral("connect_timeout=10"));
+    soloLectura_ = d.soloLectura;
     if (!db_.open()) fallar(db_.lastError());
+    prepararSesionPostgres();
+}
+
+void Conexion::prepararSesionPostgres() {
     ejecutarDirecto(QStringLiteral("SET client_min_messages TO warning"));
-    if (d.soloLectura) ejecutarDirecto(QStringLiteral("SET default_transaction_read_only TO on"));
+    if (soloLectura_) ejecutarDirecto(QStringLiteral("SET default_transaction_read_only TO on"));
+}
+
+void Conexion::asegurarConexion() {
+    if (!perdida_) return;
+    // The transaction died with the connection: until the caller has unwound it, every
+    // statement of it fails the same way, and nothing reaches the new connection.
+    if (nivel_ > 0) throw Error(errores::kAlmacen, kPerdida);
+    preparadas_.clear();
+    db_.close();
+    if (!db_.open()) {
+        errores_ = {{QStringLiteral("PostgreSQL"), QStringLiteral("0"), kSinServidor}};
+        throw Error(errores::kAlmacen, kSinServidor);
+    }
+    perdida_ = false;
+    prepararSesionPostgres();
+}
+
+bool Conexion::conexionPerdida(const QSqlError& error) {
+    // A connection that never opened was not lost: its failure says why it could not open.
+    if (dialecto_.proveedor() != Proveedor::PostgreSQL || !conectada_) return false;
+    if (perdida_ || error.type() == QSqlError::ConnectionError) return true;
+    const QString codigo = error.nativeErrorCode();
+    // Connection exceptions, and the server shutting down or starting up.
+    if (codigo.startsWith(QStringLiteral("08")) || codigo.startsWith(QStringLiteral("57P")))
+        return true;
+    if (!codigo.isEmpty()) return false;
+    // A failure without a code was made up by the client library, which is what a connection
+    // gone says ("server closed the connection unexpectedly", "no connection to the server"):
+    // it is gone if it no longer answers at all. A live one in a failed transaction answers
+    // with a code of its own.
+    QSqlQuery q(db_);
+    return !q.exec(QStringLiteral("SELECT 1")) && q.lastError().nativeErrorCode().isEmpty();
 }
 
 void Conexion::ejecutarDirecto(const QString& sql) {
@@ -129,6 +189,7 @@ QSqlQuery Conexion::consultaDirecta(const QString& sql) {
 }
 
 int Conexion::execute(const QString& sql) {
+    asegurarConexion();
     const QString traducido = dialecto_.traducir(sql);
     if (tieneNul(traducido)) fallarTexto(kNul);
     QSqlQuery q(db_);
@@ -138,6 +199,7 @@ int Conexion::execute(const QString& sql) {
 }
 
 Recordset Conexion::open(const QString& sql, Cursor cursor) {
+    asegurarConexion();
     const QString traducido = dialecto_.traducir(sql);
     if (tieneNul(traducido)) fallarTexto(kNul);
     return abrir(traducido, cursor);
@@ -160,6 +222,7 @@ Recordset Conexion::abrir(const QString& traducido, Cursor cursor) {
 }
 
 Lectura Conexion::leer(const QString& sql) {
+    asegurarConexion();
     const QString traducido = dialecto_.traducir(sql);
     if (tieneNul(traducido)) fallarTexto(kNul);
     sqlite3* db = sqlite_;
@@ -175,6 +238,7 @@ Lectura Conexion::leer(const QString& sql) {
 }
 
 QSqlQuery& Conexion::preparada(const QString& sql) {
+    asegurarConexion();
     auto it = preparadas_.find(sql);
     if (it != preparadas_.end()) return *it->second;
     auto q = std::make_unique<QSqlQuery>(db_);
@@ -226,6 +290,7 @@ void Conexion::insertarFilas(const QString& tabla, const QStringList& columnas,
 
 qint64 Conexion::llenarTabla(const QString& tabla, const QStringList& columnas, Conexion& origen,
                              const QString& consulta, const AvanceFilas& avance) {
+    asegurarConexion();
     if (dialecto_.proveedor() == Proveedor::SQLite &&
         origen.dialecto_.proveedor() == Proveedor::SQLite && nivel_ == 0)
         return llenarEnSqlite(tabla, columnas, origen, consulta, avance);
@@ -317,6 +382,7 @@ qint64 Conexion::llenarPorFilas(const QString& tabla, const QStringList& columna
 
 int Conexion::actualizar(const QString& tabla, const QStringList& columnas,
                          const QVariantList& valores, const QString& condicion) {
+    asegurarConexion();
     QStringList asignaciones;
     for (const QString& c : columnas) asignaciones.append(c + QStringLiteral(" = ?"));
     const QString where = dialecto_.traducir(condicion);
@@ -332,6 +398,7 @@ int Conexion::actualizar(const QString& tabla, const QStringList& columnas,
 }
 
 void Conexion::beginTrans() {
+    asegurarConexion();
     if (nivel_ == 0) {
         // SQLite: take the write lock now, so that a transaction never fails half-way
         // because another process wrote since it began to read.
@@ -346,6 +413,7 @@ void Conexion::beginTrans() {
 
 void Conexion::commitTrans() {
     if (nivel_ == 0) fallarTexto(QStringLiteral("No hay ninguna transacción abierta."));
+    asegurarConexion();
     if (nivel_ == 1)
         ejecutarDirecto(QStringLiteral("COMMIT"));
     else
@@ -356,6 +424,8 @@ void Conexion::commitTrans() {
 void Conexion::rollbackTrans() {
     if (nivel_ == 0) fallarTexto(QStringLiteral("No hay ninguna transacción abierta."));
     --nivel_;
+    // The server already dropped what the lost connection had begun.
+    if (perdida_) return;
     if (nivel_ == 0) {
         ejecutarDirecto(QStringLiteral("ROLLBACK"));
     } else {
@@ -431,6 +501,14 @@ void Conexion::asegurarEsquema(esquema::Almacen almacen) {
 
 void Conexion::fallar(const QSqlError& error) {
     const Proveedor p = dialecto_.proveedor();
+    if (conexionPerdida(error)) {
+        // One clear message instead of the driver's; the next operation opens the connection
+        // again.
+        perdida_ = true;
+        errores_ = {{QStringLiteral("PostgreSQL"), QStringLiteral("0"),
+                     kPerdida + QStringLiteral(" [") + error.text() + u']'}};
+        throw Error(errores::kAlmacen, kPerdida);
+    }
     errores_ = {{p == Proveedor::SQLite ? QStringLiteral("SQLite") : QStringLiteral("PostgreSQL"),
                  error.nativeErrorCode().isEmpty() ? QStringLiteral("0") : error.nativeErrorCode(),
                  explicar(error, p)}};

@@ -69,6 +69,11 @@ public:
     void commitTrans();
     void rollbackTrans();
     bool enTransaccion() const { return nivel_ > 0; }
+    // Whether the connection to the server was lost (PostgreSQL). Every operation then fails
+    // with one clear message; the first one after the transaction in course has unwound opens
+    // the connection again, so that the program goes on without a restart once the server is
+    // back.
+    bool perdida() const { return perdida_; }
 
     const QList<ErrorAlmacen>& errores() const { return errores_; }
     // An operation that reports its own failures starts with an empty list.
@@ -91,6 +96,11 @@ private:
     QSqlQuery consultaDirecta(const QString& sql);
     void abrirSqlite(const DescripcionAlmacen& d);
     void abrirPostgres(const DescripcionAlmacen& d);
+    void prepararSesionPostgres();
+    // Opens the connection again when it was lost, or throws.
+    void asegurarConexion();
+    // Whether a failure means the connection itself is gone.
+    bool conexionPerdida(const QSqlError& error);
     QSqlQuery& preparada(const QString& sql);
     void vincular(QSqlQuery& consulta, const QVariantList& valores);
     void ejecutarDirecto(const QString& sql);
@@ -111,6 +121,9 @@ private:
     std::unordered_map<QString, std::unique_ptr<QSqlQuery>> preparadas_;
     QList<ErrorAlmacen> errores_;
     int nivel_ = 0;
+    bool conectada_ = false;
+    bool perdida_ = false;
+    bool soloLectura_ = false;
     sqlite3* sqlite_ = nullptr;  // the SQLite library's own handle, when it is ours too
 };
 

@@ -54,6 +54,9 @@ DescripcionAlmacen leerDescripcion(const QString& textoConexion) {
         if (fuente.isEmpty())
             fallar(QStringLiteral("La conexión no indica el archivo del almacén."));
         d.fuente = programa::ruta(fuente);
+        bool ok = false;
+        const int espera = valores.value(QStringLiteral("busy timeout")).toInt(&ok);
+        if (ok && espera >= 0) d.esperaBloqueoMs = espera;
     } else if (proveedor == u"postgresql") {
         d.proveedor = Proveedor::PostgreSQL;
         d.fuente = valores.value(QStringLiteral("database"));

@@ -17,6 +17,9 @@ struct DescripcionAlmacen {
     QString contrasena;
     bool soloLectura = false;
     bool sincronoDesactivado = false;  // a scratch store may lose its last writes on a crash
+    // SQLite: how long a statement waits for another process's lock ("Busy Timeout", in
+    // milliseconds); -1 for the program's default.
+    int esperaBloqueoMs = -1;
 };
 
 // Throws Error when the file is missing or unreadable, or the text names no known provider.
