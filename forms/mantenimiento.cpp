@@ -46,8 +46,10 @@ int leerEntero16(const QString& texto) {
 }
 
 QString numeroSql(const QString& texto) {
-    const auto numero = formato::leerNumero(texto);
-    return numero ? formato::textoDouble(*numero) : texto;
+    const double numero = leerDouble(texto);
+    if (!std::isfinite(numero))
+        throw Error(errores::kDesbordamiento, QStringLiteral("Desbordamiento"));
+    return formato::textoDouble(numero);
 }
 
 QString textoCampo(const QVariant& valor, Tipo tipo) {
@@ -572,14 +574,19 @@ void FormularioMantenimiento::BorrarRegistro() {
 
 void FormularioMantenimiento::Filtrar() {
     QString condicion = condicionBase();
-    for (int i = 0; i < d_.campos.size(); ++i) {
-        normalizarCampo(i);
-        const QString texto = txt_[i]->text();
-        const Campo& c = d_.campos[i];
-        if (texto.isEmpty() || c.columna.isEmpty() || !c.filtra) continue;
-        if (!condicion.isEmpty()) condicion += QStringLiteral(" and ");
-        condicion += c.columna + QStringLiteral(" = ") + valorSql(c, texto);
-    }
+    // A number field holding no number stops the filter with the bad number's message, as it
+    // stops a save; the list stays as it was.
+    const bool legible = Protegido([&] {
+        for (int i = 0; i < d_.campos.size(); ++i) {
+            normalizarCampo(i);
+            const QString texto = txt_[i]->text();
+            const Campo& c = d_.campos[i];
+            if (texto.isEmpty() || c.columna.isEmpty() || !c.filtra) continue;
+            if (!condicion.isEmpty()) condicion += QStringLiteral(" and ");
+            condicion += c.columna + QStringLiteral(" = ") + valorSql(c, texto);
+        }
+    });
+    if (!legible) return;
     for (const Grupo& g : grupos_) {
         if (!g.filtra) continue;
         if (!condicion.isEmpty()) condicion += QStringLiteral(" and ");

@@ -136,7 +136,8 @@ QString mayusculas(const QString& texto);
 double leerDouble(const QString& texto);
 int leerEntero16(const QString& texto);
 
-// A typed number as the SQL text takes it (point as decimal mark); anything else unchanged.
+// A typed number as the SQL text takes it (point as decimal mark). Anything else fails as
+// leerDouble does: no typed text reaches a statement in the place of a number.
 QString numeroSql(const QString& texto);
 // A stored value as a field shows it: dates as dd/mm/yyyy, numbers with a decimal comma.
 QString textoCampo(const QVariant& valor, Tipo tipo);
