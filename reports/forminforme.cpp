@@ -128,7 +128,12 @@ bool esFecha(const CampoInforme& c) {
 
 bool FormularioInforme::validar(int i) {
     const CampoInforme* c = campo(i);
-    if (!c || !esFecha(*c)) return comprobar(i);
+    if (!c || !esFecha(*c)) {
+        // A form's check reads the store: its failure is shown and refuses the field, instead
+        // of leaving the field's event unhandled.
+        bool valido = false;
+        return Protegido([&] { valido = comprobar(i); }) && valido;
+    }
     const QString t = txt_[i]->text();
     if (t.isEmpty()) return true;
     const auto fecha = formato::leerFecha(t);

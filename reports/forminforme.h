@@ -74,7 +74,8 @@ protected:
     void imprimirTabla(const QString& archivo, const QString& titulo, const QStringList& formulas,
                        const QString& consulta);
     // A form's own check of a field on leaving it, after the dates': false keeps the focus
-    // in the field (after the form's message).
+    // in the field (after the form's message). A failure it throws is shown the same way and
+    // refuses the field too.
     virtual bool comprobar(int) { return true; }
     // Told each row written, it moves the progress bar now and then, so that filling a
     // million rows does not spend its time drawing it.
