@@ -9,16 +9,39 @@
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QTimer>
+#include <algorithm>
+
+namespace {
+
+// Characters that no key types (a NUL, the other control characters) arrive only with a paste.
+// A store cannot keep a NUL inside a text, and none of them means anything in a code, a name
+// or a number, so the field drops them as they come, before any check or statement sees them.
+void sinControles(QLineEdit* campo) {
+    QObject::connect(campo, &QLineEdit::textEdited, campo, [campo](const QString& texto) {
+        const auto control = [](QChar c) { return c.category() == QChar::Other_Control; };
+        if (std::none_of(texto.begin(), texto.end(), control)) return;
+        const QString antes = texto.left(campo->cursorPosition());
+        const qsizetype quitados = std::count_if(antes.begin(), antes.end(), control);
+        QString limpio = texto;
+        limpio.removeIf(control);
+        campo->setText(limpio);
+        campo->setCursorPosition(int(antes.size() - quitados));
+    });
+}
+
+}  // namespace
 
 void EventosCampos::vigilar(QWidget* control, int indice) {
     indices_.insert(control, indice);
     control->installEventFilter(this);
     if (auto* texto = qobject_cast<QLineEdit*>(control)) {
+        sinControles(texto);
         connect(texto, &QLineEdit::textChanged, this, [this, indice] {
             if (!silencio && m_.cambio) m_.cambio(indice);
         });
     } else if (auto* caja = qobject_cast<QComboBox*>(control)) {
         if (QLineEdit* interior = caja->lineEdit()) {
+            sinControles(interior);
             interior->installEventFilter(this);
             indices_.insert(interior, indice);
         }

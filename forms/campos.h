@@ -17,6 +17,8 @@ class QWidget;
 // Leaving is leaving for another control of the same form: a message box, a lookup window, the
 // menu or another form does not validate the field then; it is validated when the focus comes
 // back into the form, so that a refused field never holds the user inside its form.
+//
+// A text field drops the control characters (a NUL) that a paste may bring: no key types them.
 class EventosCampos : public QObject {
     Q_OBJECT
 public:
