@@ -15,11 +15,16 @@ QString archivo() {
     return programa::ruta(QStringLiteral("Saldeva.ini"));
 }
 
+// Further from the origin than this, or larger, no window was ever left by a user: such a
+// value comes from a damaged file, and a window of that size could not even be drawn.
+constexpr double kMaximoPixeles = 20000;
+
 int leer(const QString& seccion, const QString& clave, int pixeles) {
     const QString texto =
         GetIni(archivo(), seccion, clave, QString::number(pixeles * kTwipsPorPixel));
     const auto twips = formato::leerNumero(texto);
-    return twips ? int(std::lround(*twips / kTwipsPorPixel)) : pixeles;
+    if (!twips || !(std::abs(*twips / kTwipsPorPixel) <= kMaximoPixeles)) return pixeles;
+    return int(std::lround(*twips / kTwipsPorPixel));
 }
 
 void escribir(const QString& seccion, const QString& clave, int pixeles) {

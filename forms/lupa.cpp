@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -79,9 +80,16 @@ bool frmLupa::ponerParametros(const QString& texto) {
     tabla_ = punto < 0 ? tag : tag.left(punto);
     columna_ = punto < 0 ? QString() : tag.mid(punto + 1);
 
+    // A file that is not text, or a list cut short, is named, so that it can be restored.
+    const QString sinLista = QStringLiteral("No existe una lista asociada.");
+    const QString archivo = QStringLiteral("«") + QDir::toNativeSeparators(listas()) + u'»';
     const QString forma = GetIni(listas(), tabla_, QStringLiteral("Form"));
     if (forma.isEmpty()) {
-        MsgBox(QStringLiteral("No existe una lista asociada."), Icono::Critico);
+        MsgBox(IniEsTexto(listas()) ? sinLista
+                                    : sinLista + QStringLiteral("\n\nEl archivo ") + archivo +
+                                          QStringLiteral(" está dañado: contiene datos que no "
+                                                         "son texto."),
+               Icono::Critico);
         return false;
     }
     const auto medida = [&](int n) {
@@ -89,6 +97,13 @@ bool frmLupa::ponerParametros(const QString& texto) {
     };
     forma_ = QRect(medida(1), medida(2), std::max(medida(3), 120), std::max(medida(4), 80));
     sql_ = construirConsulta(tabla_, posicion(texto, 4, QStringLiteral("|")));
+    if (columnas_.isEmpty()) {
+        MsgBox(sinLista + QStringLiteral("\n\nLa sección [") + tabla_ + QStringLiteral("] de ") +
+                   archivo +
+                   QStringLiteral(" no indica las columnas de la lista (Header y Fields)."),
+               Icono::Critico);
+        return false;
+    }
     return Protegido([this] { llenar(); });
 }
 

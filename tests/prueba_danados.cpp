@@ -27,6 +27,7 @@
 #include <QLineEdit>
 #include <QRandomGenerator>
 #include <QToolBar>
+#include <QTreeWidget>
 #include <QtTest>
 
 namespace {
@@ -94,6 +95,13 @@ struct Avisos {
     }
     QtMessageHandler previo;
 };
+
+// The account statement's form, opened as the menu does.
+FormularioInforme* abrirInforme() {
+    auto* f = qobject_cast<FormularioInforme*>(formularios::abrir("frmExtractos"));
+    if (f) activar(f->ventana());
+    return f;
+}
 
 enum class Corte { Mitad, Cien, Basura, Vacio };
 
@@ -187,6 +195,99 @@ private Q_SLOTS:
         QCOMPARE(leer(archivo), danado);
         for (const char* lateral : {"-wal", "-shm", "-journal"})
             QVERIFY2(!QFile::exists(archivo + lateral), lateral);
+    }
+
+    // Settings files that are not settings: the forms go on with their defaults. Saldeva.ini
+    // only places windows, so it says nothing, and a form's geometry is written back on
+    // closing, as always, after what the file held; a lookup without a usable list in
+    // Listas.ini says so once, naming the file when it is not text, and writes nothing.
+    void ajustesDanados_data() {
+        QTest::addColumn<QString>("archivo");
+        QTest::addColumn<QByteArray>("contenido");
+        QTest::addColumn<QByteArray>("conservado");  // what the file still begins with
+        QTest::addColumn<QString>("mensaje");        // of F10 on an account (Listas.ini)
+        const QByteArray enorme = QByteArray(4 << 20, 'x') + "\r\n";
+        const QByteArray ceros(4096, '\0');
+        QTest::newRow("Saldeva.ini of random bytes")
+            << "Saldeva.ini" << basura(4096) << basura(4096) << QString();
+        QTest::newRow("Saldeva.ini of zeros") << "Saldeva.ini" << ceros << ceros << QString();
+        QTest::newRow("Saldeva.ini with a line of 4 MiB")
+            << "Saldeva.ini" << enorme << enorme << QString();
+        const QByteArray sinCierre = "[frmExtractos\r\nLeft=9000\r\nWidth=30\r\n";
+        QTest::newRow("Saldeva.ini section without its bracket")
+            << "Saldeva.ini" << sinCierre << sinCierre << QString();
+        QTest::newRow("Saldeva.ini values out of all measure")
+            << "Saldeva.ini"
+            << QByteArray(
+                   "; ventanas\r\n[frmExtractos]\r\nLeft=-9e99\r\nTop=zz\r\n"
+                   "Width=99999999999\r\nHeight=1e300\r\n")
+            << QByteArray("; ventanas\r\n[frmExtractos]\r\n") << QString();
+
+        const QString danado = "\n\nEl archivo «" + ruta("Listas.ini") +
+                               "» está dañado: contiene datos que no son texto.";
+        QTest::newRow("Listas.ini of random bytes")
+            << "Listas.ini" << basura(4096) << basura(4096) << kSinLista + danado;
+        QTest::newRow("Listas.ini of zeros")
+            << "Listas.ini" << ceros << ceros << kSinLista + danado;
+        const QByteArray listas = leer(SALDEVA_RECURSOS_DIR "/programa/Listas.ini");
+        QTest::newRow("Listas.ini with a line of 4 MiB before its lists")
+            << "Listas.ini" << enorme + listas << enorme + listas.left(listas.indexOf("[CUENTAS]"))
+            << QString();
+        const QByteArray seccion =
+            "[CUENTAS\r\nForm=1200;900;7200;5400;\r\nHeader=Cuenta|\r\n"
+            "Fields=cuenta;1500;|\r\n";
+        QTest::newRow("Listas.ini section without its bracket")
+            << "Listas.ini" << seccion << seccion << kSinLista;
+        const QByteArray cortada = "[CUENTAS]\r\nForm=1200;900;7200;5400;\r\nHeader=Cuenta|Descrip";
+        QTest::newRow("Listas.ini list cut short")
+            << "Listas.ini" << cortada << cortada
+            << kSinLista + "\n\nLa sección [CUENTAS] de «" + ruta("Listas.ini") +
+                   "» no indica las columnas de la lista (Header y Fields).";
+    }
+    void ajustesDanados() {
+        QFETCH(QString, archivo);
+        QFETCH(QByteArray, contenido);
+        QFETCH(QByteArray, conservado);
+        QFETCH(QString, mensaje);
+        sesionEmp();
+        // The window's place with no Saldeva.ini at all.
+        const QRect porDefecto = [] {
+            FormularioInforme* f = abrirInforme();
+            const QRect g = f->ventana()->geometry();
+            delete f->ventana();
+            return g;
+        }();
+        QFile::remove(ruta("Saldeva.ini"));
+        grabar(ruta(archivo), contenido);
+
+        Buzon buzon;
+        FormularioInforme* f = abrirInforme();
+        QVERIFY(f);
+        QCOMPARE(f->ventana()->geometry(), porDefecto);
+        if (archivo == "Listas.ini") {
+            f->txt(1)->setFocus();
+            QTest::keyClick(f->txt(1), Qt::Key_F10);
+            QCOMPARE(buzon.textos, mensaje.isEmpty() ? QStringList() : QStringList(mensaje));
+            Formulario* lupa = formularios::buscar("frmLupa");
+            QCOMPARE(bool(lupa), mensaje.isEmpty());
+            if (lupa) {
+                QCOMPARE(lupa->findChild<QTreeWidget*>()->topLevelItemCount(), filas("Cuentas"));
+                lupa->ventana()->close();  // it writes its place and widths, as always
+                activar(f->ventana());
+            } else {
+                QCOMPARE(leer(ruta(archivo)), contenido);
+            }
+        }
+        // The form goes on: an account is expanded on leaving its field, silently.
+        buzon.vaciar();
+        teclear(f->txt(1), "43.1");
+        QCOMPARE(f->txt(1)->text(), QStringLiteral("43000001"));
+        QCOMPARE(buzon.textos, QStringList());
+        const int ancho = f->ventana()->width();
+        f->ventana()->close();
+        QCOMPARE(buzon.textos, QStringList());
+        QVERIFY(leer(ruta(archivo)).startsWith(conservado));
+        QCOMPARE(GetIni(ruta("Saldeva.ini"), "frmExtractos", "Width"), QString::number(ancho * 15));
     }
 };
 
