@@ -13,10 +13,18 @@
 //   grabador cobrar CARPETA CUANTOS [SEMILLA]
 //                                       posts up to so many collections of pending items, then
 //                                       prints "cobros N efectos E rechazos R"
-//   grabador contar CARPETA             prints "asientos N parciales P": an entry is partial
+//   grabador puesto CARPETA CUANTOS [SEMILLA]
+//                                       a workstation's mix of invoices with VAT and
+//                                       withholding, collections, plain entries and deletions
+//                                       of its own, printing "+NUMBER" for each entry stored
+//                                       and "-NUMBER" for each deleted (grabador_puesto.cpp)
+//   grabador contar CARPETA [BORRADOS]  prints "asientos N parciales P": an entry is partial
 //                                       when it lacks lines or does not balance; and, when the
 //                                       store holds due items, a second line with their count
-//                                       (see grabador_cartera.cpp)
+//                                       (see grabador_cartera.cpp); with the file of the
+//                                       numbers deleted on purpose, a third line with the
+//                                       numbers skipped and the register rows missing
+//                                       (see grabador_puesto.cpp)
 //
 // Each entry notes its number of lines in its reference ("L=5"), so that a partial one shows.
 
@@ -89,7 +97,7 @@ void grabar(Conexion& c, int cuantos, quint32 semilla) {
     }
 }
 
-void contar(Conexion& c) {
+void contar(Conexion& c, const QString& borrados) {
     Recordset rs = Auxiliar::GetListExt(
         c, "Apuntes",
         "codigo_documento, numero_documento, referencia, COUNT(*) AS lineas, SUM(debe) AS debe, "
@@ -100,12 +108,14 @@ void contar(Conexion& c) {
     for (; !rs.eof(); rs.moveNext()) {
         ++asientos;
         const bool completo =
-            NzTexto(rs["referencia"]) == QStringLiteral("L=%1").arg(rs["lineas"].toInt()) &&
+            NzTexto(rs["referencia"]).section(u' ', 0, 0) ==
+                QStringLiteral("L=%1").arg(rs["lineas"].toInt()) &&
             std::llround(rs["debe"].toDouble() * 100) == std::llround(rs["haber"].toDouble() * 100);
         if (!completo) ++parciales;
     }
     std::printf("asientos %d parciales %d\n", asientos, parciales);
     grabador::contarCartera(c);
+    if (!borrados.isEmpty()) grabador::contarPuestos(c, borrados);
 }
 
 }  // namespace
@@ -115,7 +125,7 @@ int main(int argc, char* argv[]) {
     const QStringList a = app.arguments();
     if (a.size() < 3) {
         std::fprintf(stderr,
-                     "uso: grabador preparar|grabar|facturar|cobrar|contar CARPETA "
+                     "uso: grabador preparar|grabar|facturar|cobrar|puesto|contar CARPETA "
                      "[CUANTOS [SEMILLA]]\n");
         return 2;
     }
@@ -136,8 +146,10 @@ int main(int argc, char* argv[]) {
             grabador::facturar(*sesion_conexion, cuantos, semilla);
         else if (a[1] == u"cobrar")
             grabador::cobrar(*sesion_conexion, cuantos, semilla);
+        else if (a[1] == u"puesto")
+            grabador::puesto(*sesion_conexion, cuantos, semilla);
         else if (a[1] == u"contar")
-            contar(*sesion_conexion);
+            contar(*sesion_conexion, a.value(3));
         else
             return 2;
     } catch (const Error& e) {

@@ -27,6 +27,8 @@
 #include "data/entidades/cuentas.h"
 #include "data/entidades/documentos.h"
 #include "data/entidades/formaspago.h"
+#include "data/entidades/impuestos.h"
+#include "data/entidades/irpf.h"
 #include "data/entidades/numeracion.h"
 #include "data/entidades/personal.h"
 #include "data/global.h"
@@ -70,6 +72,11 @@ void prepararCartera(Conexion& c) {
     numeracion::Insert(c, kEmpresa, kEjercicio, "COB", 6, 1, "Cobros", kUsuario);
     Documentos::Insert(c, kEmpresa, "FAC", "Factura emitida", "D", "N", "A", "FAC", "F", kUsuario);
     Documentos::Insert(c, kEmpresa, "COB", "Cobro", "D", "N", "C", "COB", "C", kUsuario);
+    // The customers' VAT and, for half of them (professionals' fees), a withholding.
+    Impuestos::Insert(c, kEmpresa, "V21", "47700001", 21, {}, 0, "IVA repercutido 21 %", "V",
+                      kUsuario);
+    cuentas::Insert(c, kEmpresa, "47300001", "Retenciones y pagos a cuenta", "S", 8, kUsuario);
+    irpf::Insert(c, kEmpresa, "P15", "47300001", 15, "Profesionales 15 %", kUsuario);
     FormasPago::Insert(c, kEmpresa, "30-60-90", "A 30, 60 y 90 días", "30", 33.33, "60", 33.33,
                        "90", 33.34, {}, 0, kUsuario);
     FormasPago::Insert(c, kEmpresa, "30-60", "A 30 y 60 días", "30", 50, "60", 50, {}, 0, {}, 0,
@@ -80,8 +87,8 @@ void prepararCartera(Conexion& c) {
         Personal::Insert(c, kEmpresa, codigo, nombre, {}, {}, {}, {}, {}, QStringLiteral("España"),
                          {}, {}, {}, kUsuario);
         cuentas::Insert(c, kEmpresa, cuentaCliente(i), nombre, "S", 8, kUsuario);
-        acrdeu::Insert(c, kEmpresa, cuentaCliente(i), codigo, "CLI", "NAC", {},
-                       i % 2 ? "30-60" : "30-60-90", 0, 0, {}, kVentas, kUsuario);
+        acrdeu::Insert(c, kEmpresa, cuentaCliente(i), codigo, "CLI", "NAC", "V21",
+                       i % 2 ? "30-60" : "30-60-90", 0, 0, i % 2 ? "P15" : "", kVentas, kUsuario);
     }
     // The entity class writes a payment day as a number; these customers have none.
     c.execute(QStringLiteral("UPDATE Acrdeu SET primer_dia = NULL WHERE codigo_empresa = 'B'"));

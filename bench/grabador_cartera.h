@@ -23,4 +23,13 @@ void cobrar(Conexion& c, int cuantos, quint32 semilla);
 // incoherentes I".
 void contarCartera(Conexion& c);
 
+// A workstation's mix of so many operations (grabador_puesto.cpp): invoices with VAT and
+// withholding, collections, plain entries and deletions of its own, waiting out a store that
+// stops answering.
+void puesto(Conexion& c, int cuantos, quint32 semilla);
+// "saltados S sin_registro R registros_sin_linea H": numbers of the series neither in the
+// journal nor in the file of numbers deleted on purpose, invoices missing a register row, and
+// register rows without their line.
+void contarPuestos(Conexion& c, const QString& archivoBorrados);
+
 }  // namespace grabador

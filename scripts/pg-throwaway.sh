@@ -4,6 +4,12 @@
 #
 #   pg-throwaway.sh start DIR   -> prints "PORT" on success
 #   pg-throwaway.sh stop DIR
+#   pg-throwaway.sh crash DIR   immediate shutdown (as a server that dies), then started again
+#                               on the same port
+#
+# The test cluster trades durability for speed (no fsync, commits not waited for). With
+# SALDEVA_PG_DURADERO=1 it keeps PostgreSQL's defaults instead, so that an immediate shutdown
+# loses no committed transaction: the benchmark of a server that goes away needs that.
 set -euo pipefail
 
 action=${1:?start|stop}
@@ -23,12 +29,21 @@ start)
   port=$(( 20000 + RANDOM % 20000 ))
   while (exec 3<>/dev/tcp/127.0.0.1/$port) 2>/dev/null; do port=$((port + 1)); done
   as_owner "$bin/initdb" -D "$dir/data" -U saldeva --auth=trust --no-locale -E UTF8 >"$dir/initdb.log" 2>&1
-  as_owner "$bin/pg_ctl" -D "$dir/data" -l "$dir/server.log" -w -t 60 \
-    -o "-h 127.0.0.1 -p $port -k $dir -c fsync=off -c synchronous_commit=off -c full_page_writes=off -c max_connections=200" start >/dev/null
+  opciones="-h 127.0.0.1 -p $port -k $dir -c max_connections=200"
+  [ "${SALDEVA_PG_DURADERO:-}" = 1 ] ||
+    opciones="$opciones -c fsync=off -c synchronous_commit=off -c full_page_writes=off"
+  echo "$opciones" > "$dir/opciones"
+  as_owner "$bin/pg_ctl" -D "$dir/data" -l "$dir/server.log" -w -t 60 -o "$opciones" start >/dev/null
   echo "$port"
+  ;;
+crash)
+  as_owner "$bin/pg_ctl" -D "$dir/data" -m immediate -w stop >/dev/null 2>&1 || true
+  sleep "${SALDEVA_PG_PAUSA:-1}"
+  as_owner "$bin/pg_ctl" -D "$dir/data" -l "$dir/server.log" -w -t 60 -o "$(cat "$dir/opciones")" \
+    start >/dev/null
   ;;
 stop)
   as_owner "$bin/pg_ctl" -D "$dir/data" -m fast -w stop >/dev/null 2>&1 || true
   ;;
-*) echo "uso: $0 start|stop DIR" >&2; exit 2 ;;
+*) echo "uso: $0 start|stop|crash DIR" >&2; exit 2 ;;
 esac
