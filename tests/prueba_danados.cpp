@@ -103,6 +103,19 @@ FormularioInforme* abrirInforme() {
     return f;
 }
 
+// Two entries of this year on accounts the new company's chart has, in the session of EMP.
+void crearLibro() {
+    sesionEmp();
+    const QString anio = QString::number(sesion_ejercicio);
+    sesion_fecha_inicial = anio + "0101";
+    sesion_fecha_final = anio + "1231";
+    const QString fecha = "10/01/" + anio;
+    for (const auto& [numero, cuenta, debe, haber] :
+         {std::tuple{1, "43000000", 121.0, 0.0}, std::tuple{2, "70000000", 0.0, 121.0}})
+        Apuntes::Insert(*sesion_conexion, "EMP", "EMP", "AS", "0000001", numero, "GEN", fecha,
+                        fecha, "", cuenta, "Venta", debe, haber, "P", "", "PRUEBA");
+}
+
 enum class Corte { Mitad, Cien, Basura, Vacio };
 
 }  // namespace
@@ -112,6 +125,7 @@ Q_DECLARE_METATYPE(Corte)
 class PruebaDanados : public QObject {
     Q_OBJECT
     std::unique_ptr<AlmacenPrueba> almacen;
+    QByteArray extracto;  // the statement's layout as delivered
     QString ruta(const QString& relativa) const { return almacen->carpeta() + u'/' + relativa; }
 
 private Q_SLOTS:
@@ -120,6 +134,7 @@ private Q_SLOTS:
         silenciarAvisosDePlataforma();
         registrarFormulariosSesion();
         registrarFormulariosInformes();
+        extracto = leer(ruta("Reports/Extracto.rpt"));
     }
     void init() {
         almacen->nuevo();
@@ -134,6 +149,7 @@ private Q_SLOTS:
         almacen->escribir("Temporal.udl", "Provider=SQLite;Data Source=Dades/Temporales.db");
         for (const char* archivo : {"Saldeva.ini", "Listas.ini"}) QFile::remove(ruta(archivo));
         QDir(ruta("icons16")).removeRecursively();
+        grabar(ruta("Reports/Extracto.rpt"), extracto);
     }
     void cleanupTestCase() { almacen.reset(); }
 
@@ -288,6 +304,64 @@ private Q_SLOTS:
         QCOMPARE(buzon.textos, QStringList());
         QVERIFY(leer(ruta(archivo)).startsWith(conservado));
         QCOMPARE(GetIni(ruta("Saldeva.ini"), "frmExtractos", "Width"), QString::number(ancho * 15));
+    }
+
+    // A layout missing or broken: printing that report says so once, naming the file, and
+    // opens nothing; the same form prints once the file is back, and other reports print.
+    void informeDanado_data() {
+        QTest::addColumn<QByteArray>("contenido");  // empty: the file is gone
+        QTest::addColumn<QString>("motivo");        // the whole text, or how it begins
+        const QString rpt = ruta("Reports/Extracto.rpt");
+        const QByteArray sano = leer(rpt);
+        QTest::newRow("layout missing")
+            << QByteArray() << "No se puede abrir el informe \"" + rpt + "\".\n";
+        QTest::newRow("layout of random bytes")
+            << basura(sano.size())
+            << rpt + ": no es un diseño de informe, contiene datos que no son texto.\n";
+        // The message points at the line where the file now ends.
+        const QByteArray mitad = sano.left(sano.size() / 2);
+        QTest::newRow("layout cut to half its size")
+            << mitad << rpt + ", línea " + QString::number(mitad.count('\n') + 1) + ": ";
+        QTest::newRow("layout in another format, cut short")
+            << QByteArray("<?xml version=\"1.0\"?>\n<informe titulo=\"Extracto\">\n  <banda ")
+            << rpt + ", línea 1: no se entiende \"<?xml\".\n";
+        QTest::newRow("expression nested beyond reason")
+            << "banda detalle 4\ncampo 0 0 10 4 " + QByteArray(200000, '(') + "debe\n"
+            << rpt + ", línea 2: Expresión \"" + QString(40, u'(') + "…\": demasiado anidada.\n";
+    }
+    void informeDanado() {
+        QFETCH(QByteArray, contenido);
+        QFETCH(QString, motivo);
+        crearLibro();
+        const QString rpt = ruta("Reports/Extracto.rpt");
+        const QByteArray sano = leer(rpt);
+        if (contenido.isEmpty())
+            QFile::remove(rpt);
+        else
+            grabar(rpt, contenido);
+
+        Peticion peticion;
+        Buzon buzon;
+        FormularioInforme* f = abrirInforme();
+        Boton(f->barra(), claves::imprimir)->trigger();
+        QCOMPARE(buzon.textos.size(), 1);
+        QVERIFY2(buzon.textos[0].startsWith("-2147220502 - Error en Execute. " + motivo),
+                 qPrintable(buzon.textos[0]));
+        QVERIFY(buzon.textos[0].endsWith(".\n"));
+        QCOMPARE(peticion.trabajos.size(), 0);
+        QCOMPARE(leer(rpt), contenido);
+
+        // The journal book prints meanwhile; the statement does once its layout is back.
+        auto* diario = qobject_cast<FormularioInforme*>(formularios::abrir("frmLibroDiario"));
+        activar(diario->ventana());
+        Boton(diario->barra(), claves::imprimir)->trigger();
+        grabar(rpt, sano);
+        activar(f->ventana());
+        Boton(f->barra(), claves::imprimir)->trigger();
+        QCOMPARE(buzon.textos.size(), 1);
+        QCOMPARE(peticion.trabajos.size(), 2);
+        QVERIFY(peticion.trabajos[0].archivo.endsWith("/Reports/LibroDiario.rpt"));
+        QCOMPARE(peticion.trabajos[1].archivo, rpt);
     }
 };
 

@@ -140,7 +140,8 @@ QStringList trocear(const QString& linea) {
 double medida(const QString& texto) {
     bool ok = false;
     const double v = texto.toDouble(&ok);
-    if (!ok || v < 0) throw Error(0, QStringLiteral("\"%1\" no es una medida").arg(texto));
+    if (!ok || v < 0)
+        throw Error(0, QStringLiteral("\"%1\" no es una medida").arg(recortado(texto)));
     return v;
 }
 
@@ -156,7 +157,7 @@ QString nombre(const QString& texto) {
     const bool valido = !texto.isEmpty() && std::all_of(texto.cbegin(), texto.cend(), [](QChar c) {
         return c.isLetterOrNumber() || c == u'_';
     });
-    if (!valido) throw Error(0, QStringLiteral("\"%1\" no es un nombre").arg(texto));
+    if (!valido) throw Error(0, QStringLiteral("\"%1\" no es un nombre").arg(recortado(texto)));
     return texto;
 }
 
@@ -193,7 +194,7 @@ void opciones(Diseno& d, Elemento& el, const QStringList& t, qsizetype desde) {
         else if (o.startsWith(u"si="))
             el.si = nombre(o.mid(3));
         else
-            throw Error(0, QStringLiteral("opción desconocida \"%1\"").arg(o));
+            throw Error(0, QStringLiteral("opción desconocida \"%1\"").arg(recortado(o)));
     }
     if (el.parentesis && el.formato != Formato::Importe)
         throw Error(0, QStringLiteral("parentesis va con importe"));
@@ -202,7 +203,7 @@ void opciones(Diseno& d, Elemento& el, const QStringList& t, qsizetype desde) {
 
 void exigir(const QStringList& t, qsizetype minimo) {
     if (t.size() < minimo)
-        throw Error(0, QStringLiteral("faltan valores en \"%1\"").arg(t.join(u' ')));
+        throw Error(0, QStringLiteral("faltan valores en \"%1\"").arg(recortado(t.join(u' '))));
 }
 
 void comprobarExpresion(const QString& texto) {
@@ -322,7 +323,7 @@ void leerLinea(Diseno& d, Banda*& banda, const QStringList& t, int numero) {
         }
         banda->elementos << el;
     } else {
-        throw Error(0, QStringLiteral("no se entiende \"%1\"").arg(clave));
+        throw Error(0, QStringLiteral("no se entiende \"%1\"").arg(recortado(clave)));
     }
 }
 
@@ -362,7 +363,14 @@ Diseno leerDiseno(const QString& ruta) {
     QFile archivo(ruta);
     if (!archivo.open(QIODevice::ReadOnly))
         throw Error(0, QStringLiteral("No se puede abrir el informe \"%1\"").arg(ruta));
-    return leerDisenoTexto(QString::fromUtf8(archivo.readAll()), ruta);
+    const QByteArray datos = archivo.readAll();
+    // A file overwritten with something else is said to be so, not shown line by line.
+    if (std::any_of(datos.cbegin(), datos.cend(),
+                    [](char c) { return quint8(c) < 0x20 && c != '\t' && c != '\n' && c != '\r'; }))
+        throw Error(0, QStringLiteral("%1: no es un diseño de informe, contiene datos que no son "
+                                      "texto")
+                           .arg(ruta));
+    return leerDisenoTexto(QString::fromUtf8(datos), ruta);
 }
 
 }  // namespace motor

@@ -12,6 +12,9 @@ namespace {
 
 constexpr int kPila = 32;          // the deepest stack an expression may need
 constexpr double kResiduo = 1e-6;  // below a millionth, a number is zero
+// Parentheses, arguments and signs within one another that the parser follows; far more than
+// any layout writes, far less than would exhaust the stack of its recursion.
+constexpr int kAnidamiento = 100;
 
 double numeroDe(const Valor& v) {
     return v.esTexto ? 0.0 : v.numero;
@@ -38,6 +41,10 @@ Valor logico(bool v) {
 
 }  // namespace
 
+QString recortado(const QString& texto) {
+    return texto.size() > 40 ? texto.left(40) + u'…' : texto;
+}
+
 bool verdadero(const Valor& v) {
     return v.esTexto ? !v.texto.isEmpty() : std::fabs(v.numero) >= kResiduo;
 }
@@ -51,7 +58,7 @@ public:
     Expresion compilar() {
         comparacion();
         blancos();
-        if (i_ < t_.size()) fallar(QStringLiteral("sobra \"%1\"").arg(t_.mid(i_)));
+        if (i_ < t_.size()) fallar(QStringLiteral("sobra \"%1\"").arg(recortado(t_.mid(i_))));
         int profundidad = 0;
         for (const auto& p : e_.pasos_) {
             profundidad += efecto(p.op);
@@ -101,8 +108,18 @@ private:
     }
 
     [[noreturn]] void fallar(const QString& motivo) const {
-        throw Error(0, QStringLiteral("Expresión \"%1\": %2.").arg(t_, motivo));
+        throw Error(0, QStringLiteral("Expresión \"%1\": %2.").arg(recortado(t_), motivo));
     }
+    // One level deeper for as long as it lives.
+    struct Nivel {
+        explicit Nivel(Compilador& c) : c_(c) {
+            if (++c_.nivel_ > kAnidamiento) c_.fallar(QStringLiteral("demasiado anidada"));
+        }
+        ~Nivel() { --c_.nivel_; }
+        Nivel(const Nivel&) = delete;
+        Nivel& operator=(const Nivel&) = delete;
+        Compilador& c_;
+    };
     void blancos() {
         while (i_ < t_.size() && t_[i_].isSpace()) ++i_;
     }
@@ -123,6 +140,7 @@ private:
     // Comparisons bind less than + and -, and only one stands at each level: "a < b < c"
     // means nothing a layout wants.
     void comparacion() {
+        const Nivel nivel(*this);
         suma();
         // The two-character signs before the one-character ones they begin with.
         static constexpr std::pair<QStringView, Op> kSignos[] = {
@@ -166,6 +184,7 @@ private:
     }
     void unario() {
         if (ver(u'-')) {
+            const Nivel nivel(*this);
             unario();
             e_.pasos_.push_back({Op::Negativo});
             return;
@@ -194,7 +213,8 @@ private:
             return;
         }
         while (i_ < t_.size() && (t_[i_].isLetterOrNumber() || t_[i_] == u'_')) ++i_;
-        if (i_ == inicio) fallar(QStringLiteral("no se entiende \"%1\"").arg(t_.mid(i_)));
+        if (i_ == inicio)
+            fallar(QStringLiteral("no se entiende \"%1\"").arg(recortado(t_.mid(i_))));
         const QString nombre = t_.mid(inicio, i_ - inicio);
         if (ver(u'(')) {
             funcion(nombre);
@@ -251,6 +271,7 @@ private:
     const QString& t_;
     const Expresion::Resolutor* resolver_;
     qsizetype i_ = 0;
+    int nivel_ = 0;
     Expresion e_;
 };
 

@@ -22,6 +22,10 @@ struct Valor {
     static Valor deTexto(const QString& t) { return Valor{0, t, true}; }
 };
 
+// A text of a layout quoted in a message: its first 40 characters and "…" when it is longer,
+// so that a line of garbage does not fill the box it is shown in.
+QString recortado(const QString& texto);
+
 // Whether a value holds as a condition: a text that is not empty, a number that is not zero.
 // Sums of amounts carry the residues of binary arithmetic; a number closer to zero than a
 // millionth is zero here and in comparisons, so that a balance that adds up to nothing is
