@@ -363,6 +363,41 @@ private Q_SLOTS:
         QVERIFY(peticion.trabajos[0].archivo.endsWith("/Reports/LibroDiario.rpt"));
         QCOMPARE(peticion.trabajos[1].archivo, rpt);
     }
+
+    // Without its icons, or with icons that are no images, the program starts and works with
+    // the buttons' names: no message and no warning.
+    void sinIconos_data() {
+        QTest::addColumn<bool>("basuraEnIconos");
+        QTest::newRow("icons16 missing") << false;
+        QTest::newRow("icons of random bytes") << true;
+    }
+    void sinIconos() {
+        QFETCH(bool, basuraEnIconos);
+        if (basuraEnIconos) {
+            QDir().mkpath(ruta("icons16"));
+            for (const QString& clave : CargarIconos().keys())
+                grabar(ruta("icons16/" + clave + ".ico"), basura(1078, qHash(clave)));
+        }
+        almacen->cerrar();
+        Avisos avisos;
+        Buzon buzon;
+        responderLogin(entrarComoMantenimiento);
+        VentanasPrograma ventanas;
+        QCOMPARE(Main(ventanas), 0);
+        QVERIFY(principal() && principal()->isVisible() && menu());
+        abrir("Usuarios");
+        Formulario* f = formularios::buscar("frmUsuarios");
+        QVERIFY(f);
+        const QList<QAction*> botones = f->findChild<QToolBar*>()->actions();
+        QVERIFY(botones.size() > 8);
+        for (const QAction* b : botones)
+            QVERIFY(b->isSeparator() || (b->icon().pixmap(16).isNull() && !b->text().isEmpty()));
+        activar(f->ventana());
+        pulsar(kListar);
+        QVERIFY(f->findChild<QTreeWidget*>()->topLevelItemCount() > 0);
+        QCOMPARE(buzon.textos, QStringList());
+        QCOMPARE(Avisos::textos(), QStringList());
+    }
 };
 
 QTEST_MAIN(PruebaDanados)
