@@ -4,6 +4,7 @@
 #include "data/inifunc.h"
 #include "data/mensajes.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -166,6 +167,21 @@ private Q_SLOTS:
 
         SetIni(archivo, QStringLiteral("X"), QStringLiteral("largo"), QString(400, u'a'));
         QCOMPARE(GetIni(archivo, QStringLiteral("X"), QStringLiteral("largo")).size(), 255);
+
+        // A list kept in Latin-1 by a Windows editor reads with its accents; writing another
+        // key puts back every other line byte for byte, bytes that are no text and bare line
+        // ends included, instead of turning them into replacement characters.
+        const QString latin = dir.filePath(QStringLiteral("Latin.ini"));
+        const QByteArray antes = "[CUENTAS]\r\nHeader=Descripci\xf3n|\r\n\x01\xfe\xff\n";
+        QFile f(latin);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(antes);
+        f.close();
+        QCOMPARE(GetIni(latin, QStringLiteral("CUENTAS"), QStringLiteral("Header")),
+                 QStringLiteral("Descripción|"));
+        SetIni(latin, QStringLiteral("CUENTAS"), QStringLiteral("Order"), QStringLiteral("cuenta"));
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QCOMPARE(f.readAll(), antes + "Order=cuenta\r\n");
     }
 };
 
