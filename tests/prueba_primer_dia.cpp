@@ -8,6 +8,7 @@
 #include "comun/sesion_prueba.h"
 #include "data/almacen/programa.h"
 #include "data/arranque.h"
+#include "data/contrasenas.h"
 #include "data/entidades/cuentas.h"
 #include "data/global.h"
 #include "forms/formulario.h"
@@ -107,7 +108,11 @@ private Q_SLOTS:
         rellenar(empresas, {"0=lhs", "1=B12345674", "2=L'Hospitalet Serveis, S.L.", "11=8"});
         pulsar(kInsertar);
         QCOMPARE(buzon.textos, QStringList());
-        QCOMPARE(filas("Usuarios", "codigo_usuario = 'MARTA' AND contraseña = 'CLAVE1'"), 1);
+        QVERIFY(contrasenas::comprobar(
+            sesion_conexion->open("SELECT contraseña FROM Usuarios WHERE codigo_usuario = 'MARTA'")
+                .value(0)
+                .toString(),
+            "CLAVE1"));
         QCOMPARE(filas("Empresas", "codigo_empresa = 'LHS'"), 1);
         QCOMPARE(filas("Delegaciones", "codigo_empresa = 'LHS' AND codigo_delegacion = 'LHS'"), 1);
 

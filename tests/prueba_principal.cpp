@@ -206,7 +206,8 @@ private Q_SLOTS:
         QCOMPARE(ini("frmUsuarios", "Left"), QStringLiteral("300"));
         QCOMPARE(ini("frmUsuarios", "Top"), QStringLiteral("450"));
         QCOMPARE(ini("frmUsuarios", "Width"), QStringLiteral("6000"));
-        QCOMPARE(ini("frmUsuarios", "Grid_C01"), QStringLiteral("2100"));
+        // The list's one column (no password is listed) stretches to the window's width.
+        QVERIFY(ini("frmUsuarios", "Grid_C01").toInt() >= 2100);
         QVERIFY(ini("frmMain", "Width") != "-");
         QVERIFY(!sesion_conexion);  // the stores are closed
 
