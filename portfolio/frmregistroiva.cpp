@@ -17,6 +17,8 @@
 #include <QRadioButton>
 #include <QToolBar>
 #include <QTreeWidgetItem>
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -219,6 +221,13 @@ protected:
                 comoImporte(v[9])};
     }
 
+    // A base or rate whose amounts cannot be worked out (a rate of 1e308 overflows them) is
+    // refused with the failure's message, before leaving it recalculates.
+    bool alValidar(int i) override {
+        if (!FormularioMantenimiento::alValidar(i)) return false;
+        return i < 5 || Protegido([this] { cuotas(); });
+    }
+
     void alSalir(int i) override {
         if (i <= 2) {
             // A line that is not a number names no row.
@@ -333,13 +342,21 @@ private:
                    deLaEmpresa(QStringLiteral("impuesto"), txt(4)->text()))));
     }
 
-    void recalcular() {
+    // The VAT and surcharge amounts of the base and rates on screen, where they are numbers.
+    std::pair<std::optional<QString>, std::optional<QString>> cuotas() const {
         const auto base = formato::leerNumero(txt(5)->text());
-        if (!base) return;
-        if (const auto pct = formato::leerNumero(txt(6)->text()))
-            ponerTexto(7, formato::Cuota(*base, *pct));
-        if (const auto pct = formato::leerNumero(txt(8)->text()))
-            ponerTexto(9, formato::Cuota(*base, *pct));
+        if (!base) return {};
+        const auto cuota = [&](int pct) -> std::optional<QString> {
+            const auto p = formato::leerNumero(txt(pct)->text());
+            return p ? std::optional(formato::Cuota(*base, *p)) : std::nullopt;
+        };
+        return {cuota(6), cuota(8)};
+    }
+
+    void recalcular() {
+        const auto [iva, re] = cuotas();
+        if (iva) ponerTexto(7, *iva);
+        if (re) ponerTexto(9, *re);
     }
 };
 
