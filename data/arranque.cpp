@@ -2,12 +2,15 @@
 
 #include <cstdlib>
 
+#include "almacen/revision.h"
 #include "auxiliar.h"
 #include "contrasenas.h"
 #include "entidades/entidad.h"
 #include "global.h"
 
 void abrirAlmacenes() {
+    // A damaged file is not opened at all: SQLite would write the schema into an empty one.
+    comprobarArchivo(QStringLiteral("File name=Saldeva.udl"));
     sesion_conexion = std::make_unique<Conexion>(QStringLiteral("File name=Saldeva.udl"));
     // A process ended by exit() from inside the toolkit (the display gone) runs the static
     // destructors while windows and queries still use the connections, and after the SQL layer
@@ -22,6 +25,7 @@ void abrirAlmacenes() {
     // A store written by an older version kept passwords as text: from its first start here
     // it keeps only their hashes.
     contrasenas::CifrarAntiguas(*sesion_conexion);
+    comprobarArchivo(QStringLiteral("File name=Temporal.udl"));
     sesion_temporal = std::make_unique<Conexion>(QStringLiteral("File name=Temporal.udl"));
     sesion_temporal->asegurarEsquema(esquema::Almacen::Temporal);
 }

@@ -5,19 +5,17 @@
 #include "data/global.h"
 #include "forms/msgbox.h"
 
-#include <stdexcept>
-
 int Main(VentanasSesion& ventanas) {
     mantenimiento_usuario = QStringLiteral("CUSTODIOS");
     mantenimiento_contrasena = QStringLiteral("CUSTODIOS");
-    QString defecto;
+    // The same message for every failure of the start-up, whatever its true cause; a damaged
+    // store file is named below it, so that the user knows which one to restore.
+    const auto fallo = [](const QString& detalle) {
+        cerrarAlmacenes();
+        MsgBox(QStringLiteral("Error al abrir la conexión.") + detalle, Icono::Critico);
+        return 1;
+    };
     try {
-        // A damaged store file is not opened at all: SQLite would write the schema into an
-        // empty one, and the user needs its name to restore it from a copy.
-        for (const char* udl : {"File name=Saldeva.udl", "File name=Temporal.udl"}) {
-            defecto = defectoDelArchivo(QString::fromLatin1(udl));
-            if (!defecto.isEmpty()) throw std::runtime_error("almacén dañado");
-        }
         abrirAlmacenes();
         SincronizarMenus();
         if (!ventanas.login()) {
@@ -26,15 +24,10 @@ int Main(VentanasSesion& ventanas) {
         }
         ventanas.mostrarPrincipal();
         return 0;
+    } catch (const ArchivoDanado& e) {
+        return fallo(QStringLiteral("\n\n") + e.descripcion() +
+                     QStringLiteral(" No se ha modificado."));
     } catch (const std::exception&) {
-        // The same message for every failure of the start-up, whatever its true cause; a
-        // damaged file is named below it.
-        cerrarAlmacenes();
-        MsgBox(QStringLiteral("Error al abrir la conexión.") +
-                   (defecto.isEmpty() ? QString()
-                                      : QStringLiteral("\n\n") + defecto +
-                                            QStringLiteral(" No se ha modificado.")),
-               Icono::Critico);
-        return 1;
+        return fallo(QString());
     }
 }

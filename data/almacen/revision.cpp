@@ -60,3 +60,8 @@ QString defectoDelArchivo(const QString& textoConexion) {
     }
     return {};
 }
+
+void comprobarArchivo(const QString& textoConexion) {
+    if (const QString defecto = defectoDelArchivo(textoConexion); !defecto.isEmpty())
+        throw ArchivoDanado(defecto);
+}

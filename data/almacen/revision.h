@@ -1,5 +1,7 @@
 #pragma once
 
+#include "error.h"
+
 #include <QString>
 
 // A look at the file of a SQLite store before anything opens it, by its header alone. SQLite
@@ -13,3 +15,12 @@
 // an empty text when it looks sound, does not exist yet (a first start creates it) or is not
 // SQLite. A connection text that cannot be read throws Error, as leerDescripcion does.
 QString defectoDelArchivo(const QString& textoConexion);
+
+// The failure of opening a store whose file is damaged; its description is the defect found.
+class ArchivoDanado : public Error {
+public:
+    explicit ArchivoDanado(const QString& defecto) : Error(errores::kAlmacen, defecto) {}
+};
+
+// Throws ArchivoDanado when defectoDelArchivo finds a defect.
+void comprobarArchivo(const QString& textoConexion);
