@@ -45,6 +45,13 @@ int leerEntero16(const QString& texto) {
     return int(redondo);
 }
 
+int leerEntero32(const QString& texto) {
+    const double redondo = std::nearbyint(leerDouble(texto));
+    if (redondo < -2147483648.0 || redondo > 2147483647.0)
+        throw Error(errores::kDesbordamiento, QStringLiteral("Desbordamiento"));
+    return int(redondo);
+}
+
 QString numeroSql(const QString& texto) {
     const double numero = leerDouble(texto);
     if (!std::isfinite(numero))

@@ -135,6 +135,8 @@ QString mayusculas(const QString& texto);
 // and fails with "Desbordamiento" beyond 16 bits.
 double leerDouble(const QString& texto);
 int leerEntero16(const QString& texto);
+// The same beyond 32 bits, for the numbers of a series.
+int leerEntero32(const QString& texto);
 
 // A typed number as the SQL text takes it (point as decimal mark). Anything else fails as
 // leerDouble does: no typed text reaches a statement in the place of a number.

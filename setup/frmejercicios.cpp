@@ -11,6 +11,7 @@
 #include <QCheckBox>
 #include <QDate>
 #include <QLineEdit>
+#include <cmath>
 
 namespace {
 
@@ -33,8 +34,11 @@ Campo campoFecha(const char* etiqueta, const char* columna, bool obligatorio) {
             .comprobar = comprobarFecha};
 }
 
+// The typed year for a comparison, or 0 when it is no year at all; a save reads it with
+// leerEntero16, so that a year beyond 16 bits stops it with "Desbordamiento".
 int anio(const QString& texto) {
-    return int(formato::leerNumero(texto).value_or(0));
+    const auto n = formato::leerNumero(texto);
+    return n && std::fabs(*n) <= 32767 ? int(std::nearbyint(*n)) : 0;
 }
 
 Declaracion declaracionEjercicios() {
@@ -76,12 +80,12 @@ Declaracion declaracionEjercicios() {
                QStringLiteral("? (Los datos relacionados con el ejercicio se eliminarán)");
     };
     d.insertar = [](const QStringList& v) {
-        Ejercicios::Insert(*sesion_conexion, sesion_empresa, anio(v[0]), v[1], v[2], v[3], v[4],
-                           v[5], v[5], sesion_usuario, false);
+        Ejercicios::Insert(*sesion_conexion, sesion_empresa, leerEntero16(v[0]), v[1], v[2], v[3],
+                           v[4], v[5], v[5], sesion_usuario, false);
     };
     d.actualizar = [](const QStringList& v) {
-        Ejercicios::Update(*sesion_conexion, sesion_empresa, anio(v[0]), v[1], v[2], v[3], v[4],
-                           v[5], v[5], sesion_usuario);
+        Ejercicios::Update(*sesion_conexion, sesion_empresa, leerEntero16(v[0]), v[1], v[2], v[3],
+                           v[4], v[5], v[5], sesion_usuario);
         // The session's dates follow the active year's fields, read as stored dates: they stay
         // unreadable until the next login, which reads them again from the store.
         if (anio(v[0]) == sesion_ejercicio) {
@@ -93,8 +97,8 @@ Declaracion declaracionEjercicios() {
     };
     // The year's row goes for the whole company; its entries only for the session's branch.
     d.borrar = [](const QString& codigo) {
-        Ejercicios::Delete(*sesion_conexion, sesion_empresa, sesion_delegacion, anio(codigo),
-                           false);
+        Ejercicios::Delete(*sesion_conexion, sesion_empresa, sesion_delegacion,
+                           leerEntero16(codigo), false);
     };
     d.listar = [](const QString& condicion, const QString& orden) {
         return Ejercicios::GetList(*sesion_conexion, condicion, orden);

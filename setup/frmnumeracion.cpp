@@ -19,10 +19,6 @@ QString comprobarEntero(const QString& texto) {
     return {};
 }
 
-int entero(const QString& texto) {
-    return int(formato::leerNumero(texto).value_or(0));
-}
-
 Declaracion declaracionNumeracion() {
     Declaracion d;
     d.nombre = QStringLiteral("frmNumeracion");
@@ -61,12 +57,12 @@ Declaracion declaracionNumeracion() {
         return QStringLiteral("¿Desea eliminar la numeración ") + codigo + u'?';
     };
     d.insertar = [](const QStringList& v) {
-        numeracion::Insert(*sesion_conexion, sesion_empresa, sesion_ejercicio, v[0], entero(v[1]),
-                           entero(v[2]), v[3], sesion_usuario);
+        numeracion::Insert(*sesion_conexion, sesion_empresa, sesion_ejercicio, v[0],
+                           leerEntero16(v[1]), leerEntero32(v[2]), v[3], sesion_usuario);
     };
     d.actualizar = [](const QStringList& v) {
-        numeracion::Update(*sesion_conexion, sesion_empresa, sesion_ejercicio, v[0], entero(v[1]),
-                           entero(v[2]), v[3], sesion_usuario);
+        numeracion::Update(*sesion_conexion, sesion_empresa, sesion_ejercicio, v[0],
+                           leerEntero16(v[1]), leerEntero32(v[2]), v[3], sesion_usuario);
     };
     d.borrar = [](const QString& codigo) {
         numeracion::Delete(*sesion_conexion, sesion_empresa, sesion_ejercicio, codigo);
