@@ -4,9 +4,8 @@
 #include "data/almacen/error.h"
 #include "data/almacen/sql.h"
 #include "data/auxiliar.h"
+#include "data/formato.h"
 #include "data/global.h"
-
-#include <QRegularExpression>
 
 PeriodoIva periodoLibroIva(const CriteriosLibroIva& c) {
     if (c.fechaDesde.isEmpty()) return {sesion_fecha_inicial, sesion_fecha_final};
@@ -55,12 +54,10 @@ QString consultaResumenIva() {
 
 QString cantidadTerceros(const QString& escrita) {
     if (escrita.isEmpty()) return QStringLiteral("3005.06");
-    QString cantidad = escrita;
-    cantidad.replace(u',', u'.');
-    // The threshold goes into the statement as a number; anything else could change its
-    // meaning.
-    static const QRegularExpression numero(QStringLiteral("^-?[0-9]+(\\.[0-9]*)?$"));
-    return numero.match(cantidad).hasMatch() ? cantidad : QString();
+    // The threshold goes into the statement as a number written by us; anything else could
+    // change its meaning.
+    const auto cantidad = formato::leerImporte(escrita);
+    return cantidad ? formato::textoDouble(*cantidad) : QString();
 }
 
 QString consultaOperacionesTerceros(const CriteriosTerceros& c) {

@@ -36,8 +36,9 @@ struct CriteriosTerceros {
     QString cantidad;                // as typed; empty is 3005.06
 };
 
-// The threshold as the statement takes it: the comma turned into a point. A text that is no
-// plain number gives an empty text, refused by the form before any statement.
+// The threshold as the statement takes it, with a point as decimal mark. A text that is no
+// amount (whole cents, as every amount typed) gives an empty text, refused by the form before
+// any statement: ten thousand digits overflowed the store's numbers.
 QString cantidadTerceros(const QString& escrita);
 QString consultaOperacionesTerceros(const CriteriosTerceros& c);
 qint64 llenarOperacionesTerceros(const CriteriosTerceros& c, const Avance& avance = {});
