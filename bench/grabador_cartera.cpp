@@ -67,6 +67,29 @@ QString numeroTomado(const char* prefijo, const char* serie) {
 
 }  // namespace
 
+CobroPropuesto proponerCobro(CarteraGestion& gestion, QRandomGenerator& azar,
+                             const QString& numero) {
+    const int ventana = int(std::min<qsizetype>(gestion.efectos().size(), 10));
+    for (int i = 0, marcas = 1 + int(azar.bounded(3)); i < marcas; ++i) {
+        const int fila = int(azar.bounded(ventana));
+        if (gestion.efectos()[fila].marca == u"P") gestion.Marcar(fila);
+    }
+    CobroPropuesto cobro;
+    qint64 centimos = 0;
+    QString ultimoVto;
+    for (const EfectoMarcado& e : gestion.efectos()) {
+        if (e.marca != u"C") continue;
+        ++cobro.marcados;
+        centimos += std::llround(e.efecto.importe * 100);
+        ultimoVto = std::max(ultimoVto, e.efecto.fechaVto);
+    }
+    cobro.fecha = Auxiliar::dDate(ultimoVto);
+    cobro.lineas.AnadirLinea(0, cobro.fecha, kBanco, double(centimos) / 100, 0,
+                             QStringLiteral("Cobro ") + numero, QStringLiteral("P"));
+    gestion.GenerarLineasGestion(cobro.lineas, cobro.fecha, QStringLiteral("D"));
+    return cobro;
+}
+
 void prepararCartera(Conexion& c) {
     numeracion::Insert(c, kEmpresa, kEjercicio, "FAC", 6, 1, "Facturas emitidas", kUsuario);
     numeracion::Insert(c, kEmpresa, kEjercicio, "COB", 6, 1, "Cobros", kUsuario);
@@ -142,32 +165,12 @@ void cobrar(Conexion& c, int cuantos, quint32 semilla) {
             continue;
         }
         vacias = 0;
-        // One to three items from the top of the list, where every workstation looks first,
-        // so that they often want the same ones.
         CarteraGestion gestion;
         gestion.Poner(pendientes);
-        const int ventana = int(std::min<qsizetype>(gestion.efectos().size(), 10));
-        const int marcas = 1 + int(azar.bounded(3));
-        for (int i = 0; i < marcas; ++i) {
-            const int fila = int(azar.bounded(ventana));
-            if (gestion.efectos()[fila].marca == u"P") gestion.Marcar(fila);
-        }
-        qint64 centimos = 0;
-        int marcados = 0;
-        QString ultimoVto;
-        for (const EfectoMarcado& e : gestion.efectos()) {
-            if (e.marca != u"C") continue;
-            ++marcados;
-            centimos += std::llround(e.efecto.importe * 100);
-            ultimoVto = std::max(ultimoVto, e.efecto.fechaVto);
-        }
-        const QString fecha = Auxiliar::dDate(ultimoVto);
-
         if (numero.isEmpty()) numero = numeroTomado("C", "COB");
-        LineasAsiento lineas;
-        lineas.AnadirLinea(0, fecha, kBanco, double(centimos) / 100, 0,
-                           QStringLiteral("Cobro ") + numero, QStringLiteral("P"));
-        gestion.GenerarLineasGestion(lineas, fecha, QStringLiteral("D"));
+        const CobroPropuesto cobro = proponerCobro(gestion, azar, numero);
+        const QString& fecha = cobro.fecha;
+        const LineasAsiento& lineas = cobro.lineas;
         try {
             GrabarAsiento(
                 c,
@@ -184,7 +187,7 @@ void cobrar(Conexion& c, int cuantos, quint32 semilla) {
         std::fflush(stdout);
         numero.clear();
         ++cobros;
-        efectos += marcados;
+        efectos += cobro.marcados;
     }
     if (!numero.isEmpty())
         DevolverNumero(kEmpresa, kEjercicio, QStringLiteral("COB"), numero.mid(1).toInt());

@@ -1,6 +1,11 @@
 #pragma once
 
+#include "posting/lineas.h"
+
 #include <QString>
+
+class CarteraGestion;
+class QRandomGenerator;
 
 class Conexion;
 
@@ -10,6 +15,17 @@ namespace grabador {
 
 inline const QString kEmpresa = QStringLiteral("B");
 inline constexpr int kEjercicio = 2026;
+
+// A collection as a workstation makes it: one to three of the first ten pending items of the
+// selection marked (where every workstation looks first, so that they often want the same
+// ones), dated at the last of their due dates, with its bank line and one "GC" line per item.
+struct CobroPropuesto {
+    LineasAsiento lineas;
+    QString fecha;
+    int marcados = 0;
+};
+CobroPropuesto proponerCobro(CarteraGestion& gestion, QRandomGenerator& azar,
+                             const QString& numero);
 
 // The documents, series, payment method and customers the two commands need.
 void prepararCartera(Conexion& c);

@@ -195,24 +195,10 @@ void Puesto::cobro() {
             gestion.Poner(SeleccionarEfectos(c_, kEmpresa, kEmpresa, QStringLiteral("C"), {}));
         });
         if (gestion.efectos().isEmpty()) break;
-        const int ventana = int(std::min<qsizetype>(gestion.efectos().size(), 10));
-        for (int i = 0, marcas = 1 + int(azar_.bounded(3)); i < marcas; ++i) {
-            const int fila = int(azar_.bounded(ventana));
-            if (gestion.efectos()[fila].marca == u"P") gestion.Marcar(fila);
-        }
-        qint64 centimos = 0;
-        QString ultimoVto;
-        for (const EfectoMarcado& e : gestion.efectos()) {
-            if (e.marca != u"C") continue;
-            centimos += std::llround(e.efecto.importe * 100);
-            ultimoVto = std::max(ultimoVto, e.efecto.fechaVto);
-        }
-        const QString dia = Auxiliar::dDate(ultimoVto);
         if (numeroCobro.isEmpty()) numeroCobro = numero("C", "COB");
-        LineasAsiento l;
-        l.AnadirLinea(0, dia, kBanco, double(centimos) / 100, 0,
-                      QStringLiteral("Cobro ") + numeroCobro, QStringLiteral("P"));
-        gestion.GenerarLineasGestion(l, dia, QStringLiteral("D"));
+        const CobroPropuesto cobro = proponerCobro(gestion, azar_, numeroCobro);
+        const QString& dia = cobro.fecha;
+        const LineasAsiento& l = cobro.lineas;
         const CabeceraAsiento cabecera{"GEN", "COB", numeroCobro,
                                        dia,   dia,   QStringLiteral("L=%1").arg(l.cuantas())};
         if (grabar(cabecera, l, [&](Conexion& k) {
