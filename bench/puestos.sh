@@ -12,9 +12,7 @@
 # SALDEVA_BENCH_PGDIR naming the folder of a throwaway cluster (scripts/pg-throwaway.sh, started
 # with SALDEVA_PG_DURADERO=1) the server is also shut down at random moments of the run
 # (immediate shutdown, as a server that dies) and started again, CAIDAS times (3 by default),
-# each after a pause of 0.5 to 3.5 s (or of ESPERA seconds). A number whose drawing committed
-# while the connection went is lost to its series (the workstation cannot know it got it): with
-# the server dying, numbers skipped are counted and shown, not failed.
+# each after a pause of 0.5 to 3.5 s (or of ESPERA seconds).
 set -euo pipefail
 raiz=$(cd "$(dirname "$0")/.." && pwd)
 compilacion=${1:-$raiz/build}
@@ -74,6 +72,5 @@ echo "Procesos fallidos: $fallidos"
 [ "$fallidos" -eq 0 ] || cat "$carpeta"/puesto-*.err >&2
 awk -v a="$inicio" -v f="$fin" -v n="$((facturas + cobros + sueltos + borrados))" \
   'BEGIN { printf "Tiempo: %.1f s (%.0f operaciones por segundo)\n", f - a, n / (f - a) }'
-[ -n "${SALDEVA_BENCH_PGDIR:-}" ] || [ "$saltados" -eq 0 ] || exit 1
-[ "$duplicados" -eq 0 ] && [ "$parciales" -eq 0 ] && [ "$sinregistro" -eq 0 ] &&
+[ "$duplicados" -eq 0 ] && [ "$saltados" -eq 0 ] && [ "$parciales" -eq 0 ] && [ "$sinregistro" -eq 0 ] &&
   [ "$dobles" -eq 0 ] && [ "$incoherentes" -eq 0 ] && [ "$huerfanos" -eq 0 ] && [ "$fallidos" -eq 0 ]

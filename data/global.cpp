@@ -98,8 +98,47 @@ QString moverSerie(const QString& paso) {
 
 }  // namespace
 
+namespace {
+
+// A number whose drawing was sent to the server for commit just as the connection went: the
+// series may have advanced for it or not, and only the server can tell. Until the next drawing
+// from that series asks, it is kept here, so that a number the server did hand out is not
+// skipped.
+struct NumeroEnVuelo {
+    QString almacen, empresa, serie;
+    int ejercicio = 0;
+    QString numero, transaccion;
+};
+QList<NumeroEnVuelo> enVuelo;
+
+// The number in doubt for that series, once the server says its drawing committed; empty when
+// it did not (the series never moved) or there is none.
+QString resolverEnVuelo(Conexion& c, const QString& empresa, int ejercicio, const QString& serie) {
+    for (qsizetype i = 0; i < enVuelo.size(); ++i) {
+        const NumeroEnVuelo& v = enVuelo[i];
+        if (v.almacen != c.textoConexion() || v.empresa != empresa || v.ejercicio != ejercicio ||
+            v.serie != serie)
+            continue;
+        // While the server is still away this throws, and the number stays in doubt.
+        const bool confirmado = c.transaccionConfirmada(v.transaccion);
+        const QString numero = confirmado ? v.numero : QString();
+        enVuelo.removeAt(i);
+        return numero;
+    }
+    return {};
+}
+
+}  // namespace
+
 QString SiguienteNumero(const QString& empresa, int ejercicio, const QString& serie) {
     Conexion& c = conexionDeSeries();
+    // Inside a caller's transaction the drawing commits with it, and so is never in doubt
+    // on its own.
+    const bool propia = !c.enTransaccion();
+    if (propia && !enVuelo.isEmpty()) {
+        const QString recuperado = resolverEnVuelo(c, empresa, ejercicio, serie);
+        if (!recuperado.isEmpty()) return recuperado;
+    }
     const QString condicion = condicionSerie(empresa, ejercicio, serie);
     // Advancing first takes the row's write lock: a second workstation waits here and then
     // advances past the number this one takes. Read and write commit together.
@@ -111,8 +150,17 @@ QString SiguienteNumero(const QString& empresa, int ejercicio, const QString& se
     if (rs.eof()) return {};
     const int numero = rs.value(QStringLiteral("numero")).toInt() - 1;
     const int longitud = rs.value(QStringLiteral("longitud")).toInt();
-    t.commit();
-    return QString::number(numero).rightJustified(longitud, u'0');
+    const QString texto = QString::number(numero).rightJustified(longitud, u'0');
+    const NumeroEnVuelo vuelo{
+        c.textoConexion(), empresa, serie,
+        ejercicio,         texto,   propia ? c.identificadorTransaccion() : QString()};
+    try {
+        t.commit();
+    } catch (const Error&) {
+        if (c.perdida() && !vuelo.transaccion.isEmpty()) enVuelo.append(vuelo);
+        throw;
+    }
+    return texto;
 }
 
 bool DevolverNumero(const QString& empresa, int ejercicio, const QString& serie, int numero) {

@@ -45,7 +45,9 @@ QString ExpandirCuenta(const QString& cuenta, int digitos);
 
 // Hands out the next number of a series of the company and year, left-padded with zeros to
 // the series' length, and advances the series in the same transaction, so that no number is
-// given twice. Empty when the series does not exist.
+// given twice. Empty when the series does not exist. When the connection to the server is
+// lost while the drawing commits, it fails, and the next drawing from that series asks the
+// server: a number it did hand out is given then instead of a new one, so none is skipped.
 QString SiguienteNumero(const QString& empresa, int ejercicio, const QString& serie);
 // Gives the number `numero`, drawn by SiguienteNumero for an entry that was then discarded,
 // back to its series, when it is still the last number drawn from it (the series stands at

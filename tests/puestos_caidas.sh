@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # A few workstations posting at once on a PostgreSQL server of their own that dies once in the
-# middle of the run and comes back: no workstation fails, no number is handed out twice, no
-# entry is partial, no due item is closed twice, every invoice keeps its register rows.
+# middle of the run and comes back: no workstation fails, no number is handed out twice or
+# skipped, no entry is partial, no due item is closed twice, every invoice keeps its register
+# rows.
 #
 #   puestos_caidas.sh CARPETA_DE_COMPILACION
 set -euo pipefail

@@ -9,6 +9,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <QThread>
 #include <QUrl>
 
 namespace {
@@ -172,7 +173,8 @@ bool Conexion::conexionPerdida(const QSqlError& error) {
     // A failure without a code was made up by the client library, which is what a connection
     // gone says ("server closed the connection unexpectedly", "no connection to the server"):
     // it is gone if it no longer answers at all. A live one in a failed transaction answers
-    // with a code of its own.
+    // with a code of its own. The driver may already have closed it.
+    if (!db_.isOpen()) return true;
     QSqlQuery q(db_);
     return !q.exec(QStringLiteral("SELECT 1")) && q.lastError().nativeErrorCode().isEmpty();
 }
@@ -432,6 +434,39 @@ void Conexion::rollbackTrans() {
         ejecutarDirecto(QStringLiteral("ROLLBACK TO SAVEPOINT nivel%1").arg(nivel_));
         ejecutarDirecto(QStringLiteral("RELEASE SAVEPOINT nivel%1").arg(nivel_));
     }
+}
+
+QString Conexion::identificadorTransaccion() {
+    if (dialecto_.proveedor() != Proveedor::PostgreSQL || nivel_ == 0) return {};
+    asegurarConexion();
+    QSqlQuery q = consultaDirecta(QStringLiteral("SELECT txid_current()"));
+    return q.next() ? q.value(0).toString() : QString();
+}
+
+bool Conexion::transaccionConfirmada(const QString& identificador) {
+    bool numerico = false;
+    const qlonglong id = identificador.toLongLong(&numerico);
+    if (!numerico) return false;
+    // The server's process that lost its client may still be finishing that commit: its
+    // outcome is a matter of moments.
+    for (int intento = 0; intento < 50; ++intento) {
+        asegurarConexion();
+        QSqlQuery q(db_);
+        q.prepare(QStringLiteral("SELECT txid_status(?)"));
+        q.addBindValue(id);
+        if (!q.exec()) {
+            // An identifier beyond what the server knows: the transaction never reached its
+            // log before the server went down.
+            if (q.lastError().nativeErrorCode() == u"22023") return false;
+            fallar(q.lastError());
+        }
+        const QString estado = q.next() ? q.value(0).toString() : QString();
+        if (estado != u"in progress") return estado == u"committed";
+        QThread::msleep(100);
+    }
+    fallarTexto(QStringLiteral(
+        "El servidor de datos aún no ha terminado una operación anterior de este puesto; "
+        "repita la operación en unos segundos."));
 }
 
 void Conexion::anotarError(const QString& numero, const QString& descripcion) {

@@ -74,6 +74,14 @@ public:
     // the connection again, so that the program goes on without a restart once the server is
     // back.
     bool perdida() const { return perdida_; }
+    // The store's own name of the transaction in course, which a later connection can ask
+    // about (transaccionConfirmada) when this one is lost while committing it. Empty where a
+    // commit is never left in doubt: outside a transaction, and on SQLite, whose commit
+    // either returns or did not happen.
+    QString identificadorTransaccion();
+    // Whether the transaction that identificadorTransaccion named committed: false when it
+    // rolled back or never reached the store's log. Throws while the store does not answer.
+    bool transaccionConfirmada(const QString& identificador);
 
     const QList<ErrorAlmacen>& errores() const { return errores_; }
     // An operation that reports its own failures starts with an empty list.
