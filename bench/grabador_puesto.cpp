@@ -63,8 +63,10 @@ public:
     void suelto();
     void borrar();
     void resumen() const {
-        std::printf("puesto facturas %d cobros %d sueltos %d borrados %d rechazos %d caidas %d\n",
-                    facturas_, cobros_, sueltos_, borrados_, rechazos_, caidas_);
+        std::printf(
+            "puesto facturas %d cobros %d sueltos %d borrados %d rechazos %d caidas %d "
+            "descartados %d\n",
+            facturas_, cobros_, sueltos_, borrados_, rechazos_, caidas_, descartados_);
     }
 
 private:
@@ -136,7 +138,8 @@ private:
     QRandomGenerator azar_;
     CatalogoAlmacen catalogo_;
     QStringList propios_;  // "FAC/F000012", "AS/A000003": what it may delete
-    int facturas_ = 0, cobros_ = 0, sueltos_ = 0, borrados_ = 0, rechazos_ = 0, caidas_ = 0;
+    int facturas_ = 0, cobros_ = 0, sueltos_ = 0, borrados_ = 0, rechazos_ = 0, caidas_ = 0,
+        descartados_ = 0;
 };
 
 // A sale invoice typed as its gross amount: the grid proposes the customer's VAT and
@@ -211,11 +214,17 @@ void Puesto::cobro() {
         }
         ++rechazos_;
     }
-    // Nothing left to collect: the number drawn goes back, as the form gives it back.
-    if (!numeroCobro.isEmpty())
-        insistir([&] {
-            DevolverNumero(kEmpresa, kEjercicio, QStringLiteral("COB"), numeroCobro.mid(1).toInt());
-        });
+    // Nothing left to collect: the entry is abandoned, and its number goes back as the form
+    // gives it back. When another workstation has drawn a later one meanwhile it cannot, and
+    // the gap is the bookkeeper's own doing, as a deletion's is: it is declared as such.
+    if (numeroCobro.isEmpty()) return;
+    const bool devuelto = insistir([&] {
+        return DevolverNumero(kEmpresa, kEjercicio, QStringLiteral("COB"),
+                              numeroCobro.mid(1).toInt());
+    });
+    if (devuelto) return;
+    anotar('~', numeroCobro);
+    ++descartados_;
 }
 
 // Bank charges: two lines and nothing hanging from them.
@@ -305,7 +314,10 @@ void contarPuestos(Conexion& c, const QString& archivoBorrados) {
         for (int n = 1; n < siguiente; ++n) {
             const QString numero =
                 QLatin1StringView(prefijo) + QString::number(n).rightJustified(longitud, u'0');
-            if (!presentes.contains(numero) && !borrados.contains(numero)) ++saltados;
+            if (!presentes.contains(numero) && !borrados.contains(numero)) {
+                ++saltados;
+                std::fprintf(stderr, "Número saltado: %s\n", qPrintable(numero));
+            }
         }
     }
 

@@ -46,15 +46,18 @@ fallidos=0
 for p in "${hijos[@]}"; do wait "$p" || fallidos=$((fallidos + 1)); done
 fin=$(date +%s.%N)
 
-grep -h '^-' "$carpeta"/puesto-*.txt | cut -c2- > "$carpeta/borrados.txt" || true
+# Numbers left out on purpose: entries deleted, and collections abandoned whose number could
+# not go back to its series.
+grep -h '^[-~]' "$carpeta"/puesto-*.txt | cut -c2- > "$carpeta/borrados.txt" || true
 duplicados=$(grep -h '^+' "$carpeta"/puesto-*.txt | sort | uniq -d | wc -l)
 {
   read -r _ entradas _ parciales
   read -r _ vencimientos _ cerrados _ dobles _ incoherentes
   read -r _ saltados _ sinregistro _ huerfanos
 } < <("$grabador" contar "$carpeta" "$carpeta/borrados.txt")
-read -r facturas cobros sueltos borrados rechazos esperas < <(awk '$1 == "puesto" {
-  f += $3; c += $5; s += $7; b += $9; r += $11; k += $13 } END { print f+0, c+0, s+0, b+0, r+0, k+0 }' \
+read -r facturas cobros sueltos borrados rechazos esperas descartados < <(awk '$1 == "puesto" {
+  f += $3; c += $5; s += $7; b += $9; r += $11; k += $13; d += $15 }
+  END { print f+0, c+0, s+0, b+0, r+0, k+0, d+0 }' \
   "$carpeta"/puesto-*.txt)
 
 echo "Puestos: $puestos, $asientos operaciones cada uno"
@@ -63,6 +66,7 @@ echo "Vencimientos: $vencimientos, cerrados $cerrados; cobros rechazados por un 
 [ -n "${SALDEVA_BENCH_PGDIR:-}" ] && echo "Caídas del servidor: $reinicios; esperas de los puestos: $esperas"
 echo "Números repetidos: $duplicados"
 echo "Números saltados: $saltados"
+echo "Números de cobros abandonados que ya no podían volver a su serie: $descartados"
 echo "Asientos sin alguna línea: $parciales"
 echo "Facturas sin alguno de sus registros: $sinregistro"
 echo "Vencimientos cerrados dos veces: $dobles"
