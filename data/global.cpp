@@ -96,10 +96,6 @@ QString moverSerie(const QString& paso) {
            QStringLiteral(", ultimo_usuario = ") + sqlTexto(sesion_usuario);
 }
 
-}  // namespace
-
-namespace {
-
 // A number whose drawing was sent to the server for commit just as the connection went: the
 // series may have advanced for it or not, and only the server can tell. Until the next drawing
 // from that series asks, it is kept here, so that a number the server did hand out is not
